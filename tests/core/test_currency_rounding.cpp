@@ -1,0 +1,125 @@
+#include "core/currency.h"
+#include "core/runtime_error.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+#include <limits>
+
+using namespace tesorel;
+
+namespace
+{
+
+void expectOverflow(const std::function<void()> &action, const char *what)
+{
+    try {
+        action();
+        ADD_FAILURE() << "no overflow: " << what;
+    } catch (const RuntimeError &e) {
+        EXPECT_EQ(e.number(), err::Overflow) << what;
+        EXPECT_EQ(e.description(), QStringLiteral("Desbordamiento")) << what;
+    }
+}
+
+TEST(Round, HalfToEvenOnTheDecimalText)
+{
+    const struct {
+        double value;
+        int digits;
+        double expected;
+    } cases[] = {
+        {2.5, 0, 2},    {3.5, 0, 4},      {0.5, 0, 0},      {1.5, 0, 2},          {-2.5, 0, -2},
+        {-3.5, 0, -4},  {0.125, 2, 0.12}, {0.135, 2, 0.14}, {-0.125, 2, -0.12},   {2.675, 2, 2.68},
+        {1.005, 2, 1},  {1.015, 2, 1.02}, {0.00005, 4, 0},  {0.00015, 4, 0.0002}, {123.456, 1, 123.5},
+        {2.4999, 0, 2}, {2.5001, 0, 3},   {1e20, 2, 1e20},  {0.3, 5, 0.3},        {99.995, 2, 100},
+        {-0.4, 0, 0},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(Round(c.value, c.digits), c.expected) << c.value << " to " << c.digits;
+}
+
+TEST(Round, NegativeDigitsAreAnInvalidCall)
+{
+    try {
+        Round(1.5, -1);
+        ADD_FAILURE() << "no error";
+    } catch (const RuntimeError &e) {
+        EXPECT_EQ(e.number(), err::InvalidCall);
+    }
+}
+
+TEST(Currency, FromDoubleRoundsHalfToEvenAtTheFourthDecimal)
+{
+    const struct {
+        double value;
+        std::int64_t units;
+    } cases[] = {
+        {1.23456, 12346},
+        {0.00005, 0},
+        {0.00015, 2},
+        {0.00025, 2},
+        {-0.00015, -2},
+        {2.5, 25000},
+        {0, 0},
+        {-1234.56785, -12345678},
+        {0.1 + 0.2, 3000},
+        {922337203685477.0, 9223372036854770000},
+        {-922337203685477.0, -9223372036854770000},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(Currency::fromDouble(c.value).units(), c.units) << c.value;
+}
+
+TEST(Currency, OverflowPastTheRange)
+{
+    const std::int64_t max = std::numeric_limits<std::int64_t>::max();
+    const std::int64_t min = std::numeric_limits<std::int64_t>::min();
+    expectOverflow([] { Currency::fromDouble(922337203685478.0); }, "fromDouble above");
+    expectOverflow([] { Currency::fromDouble(-922337203685478.0); }, "fromDouble below");
+    expectOverflow([] { Currency::fromDouble(1e300); }, "fromDouble huge");
+    expectOverflow([] { Currency::fromDouble(std::nan("")); }, "fromDouble NaN");
+    expectOverflow([=] { Currency::fromUnits(max) + Currency::fromUnits(1); }, "sum");
+    expectOverflow([=] { Currency::fromUnits(min) - Currency::fromUnits(1); }, "difference");
+    expectOverflow([=] { -Currency::fromUnits(min); }, "negation");
+    expectOverflow([] { Currency::fromDouble(1e14) * 100.0; }, "product");
+    EXPECT_EQ((Currency::fromUnits(max - 1) + Currency::fromUnits(1)).units(), max);
+}
+
+TEST(Currency, Arithmetic)
+{
+    const Currency ten = Currency::fromDouble(10);
+    const Currency four = Currency::fromDouble(4);
+    EXPECT_EQ((ten + four).units(), 140000);
+    EXPECT_EQ((ten - four).units(), 60000);
+    EXPECT_EQ((-four).units(), -40000);
+    EXPECT_EQ(ten / four, 2.5);
+    EXPECT_EQ(Currency::fromUnits(12345).toDouble(), 1.2345);
+    Currency sum;
+    sum += ten;
+    sum -= four;
+    EXPECT_EQ(sum, Currency::fromDouble(6));
+    EXPECT_LT(four, ten);
+}
+
+TEST(Currency, ProductRoundsHalfToEven)
+{
+    const struct {
+        Currency money;
+        double factor;
+        std::int64_t units;
+    } cases[] = {
+        {Currency::fromDouble(1), 0.00005, 0}, // half a unit: to the even 0
+        {Currency::fromDouble(3), 0.00005, 2}, // one and a half: to 2
+        {Currency::fromUnits(5), 0.5, 2},
+        {Currency::fromUnits(7), 0.5, 4},
+        {Currency::fromUnits(-5), 0.5, -2},
+        {Currency::fromDouble(10.5), 3, 315000},
+        {Currency::fromDouble(12.3456), -2, -246912},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ((c.money * c.factor).units(), c.units) << c.money.units() << " * " << c.factor;
+}
+
+} // namespace

@@ -1,0 +1,170 @@
+#include "core/numbers.h"
+#include "core/runtime_error.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+using namespace tesorel;
+
+namespace
+{
+
+struct TextToNumber {
+    const char *text;
+    double expected;
+};
+
+TEST(NumeroVal, ReadsUpToTheFirstForeignCharacter)
+{
+    const TextToNumber cases[] = {
+        {"", 0},
+        {"abc", 0},
+        {"1,5", 1},        // the comma ends the number
+        {"1234,56", 1234}, // an amount in the Spanish form loses its decimals
+        {"1.000", 1},      // a Spanish thousands point is a decimal point here
+        {".5", 0.5},
+        {"-.5", -0.5},
+        {"1 2", 12}, // blanks inside are dropped before reading
+        {"\t4\n2", 42},
+        {"  -3.25xyz", -3.25},
+        {"+7", 7},
+        {"--5", 0},
+        {"1.2.3", 1.2},
+        {"1E3", 1000},
+        {"1D2", 100},
+        {"2.5e-2", 0.025},
+        {"1E", 1}, // an exponent without digits is ignored
+        {"1E+", 1},
+        {"&H1F", 31},
+        {"&hff", 255},
+        {"&HFFFF", -1}, // four hex digits are a 16-bit number
+        {"&H8000", -32768},
+        {"&H10000", 65536},
+        {"&O17", 15},
+        {"&H", 0},
+        {"1E400", 0}, // overflow: the guarded reading answers 0
+        {"1E-400", 0},
+        {"€5", 0},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(Numero_Val(QString::fromUtf8(c.text)), c.expected) << c.text;
+}
+
+TEST(CDbl, ReadsTheSpanishForm)
+{
+    const TextToNumber cases[] = {
+        {"1.234,5", 1234.5},
+        {"1.5", 15}, // a point is only a thousands sign
+        {"1.234.567", 1234567},
+        {"12,5", 12.5},
+        {" 7 ", 7},
+        {"-3,25", -3.25},
+        {"3,25-", -3.25},
+        {"+4", 4},
+        {"- 4", -4},
+        {",5", 0.5},
+        {"5,", 5},
+        {"1,5E-07", 1.5e-7},
+        {"1E+16", 1e16},
+        {"2D3", 2000},
+        {"12 €", 12},
+        {"€12,5", 12.5},
+        {"-12,5 €", -12.5},
+        {"(5)", -5},
+        {"&H10", 16},
+        {"007", 7},
+    };
+    for (const auto &c : cases) {
+        const QString text = QString::fromUtf8(c.text);
+        EXPECT_EQ(CDbl(text), c.expected) << c.text;
+        EXPECT_EQ(Numero_Cdbl(text), c.expected) << c.text;
+        EXPECT_TRUE(IsNumeric(text)) << c.text;
+    }
+}
+
+TEST(CDbl, RejectsTextThatIsNoNumber)
+{
+    const char *cases[] = {"",   "   ", "abc", "-",   ",",   "1,2,3", "1.",  "1 2",   "12abc",
+                           "E5", "1E",  "1E+", "--1", "+-1", "&H",    "&HZ", "1,5.3", "5 - -"};
+    for (const char *text : cases) {
+        const QString q = QString::fromUtf8(text);
+        EXPECT_FALSE(IsNumeric(q)) << text;
+        EXPECT_EQ(Numero_Cdbl(q), 0) << text;
+        try {
+            CDbl(q);
+            ADD_FAILURE() << "no error for " << text;
+        } catch (const RuntimeError &e) {
+            EXPECT_EQ(e.number(), err::TypeMismatch) << text;
+            EXPECT_EQ(e.description(), QString::fromUtf8("No coinciden los tipos"));
+        }
+    }
+}
+
+TEST(CDbl, OverflowIsNotATypeMismatch)
+{
+    try {
+        CDbl(QStringLiteral("1E400"));
+        ADD_FAILURE() << "no error";
+    } catch (const RuntimeError &e) {
+        EXPECT_EQ(e.number(), err::Overflow);
+    }
+    EXPECT_EQ(Numero_Cdbl(QStringLiteral("1E400")), 0);
+    EXPECT_FALSE(IsNumeric(QStringLiteral("1E400")));
+}
+
+struct NumberToText {
+    double value;
+    const char *str;
+    const char *cstr;
+};
+
+TEST(StrAndCStr, WriteFifteenSignificantDigits)
+{
+    const NumberToText cases[] = {
+        {12.5, " 12.5", "12,5"},
+        {0, " 0", "0"},
+        {-3, "-3", "-3"},
+        {0.5, " .5", "0,5"},
+        {-0.25, "-.25", "-0,25"},
+        {1234567.25, " 1234567.25", "1234567,25"},
+        {1.0 / 3.0, " .333333333333333", "0,333333333333333"},
+        {0.1 + 0.2, " .3", "0,3"},
+        {2.675, " 2.675", "2,675"},
+        {123456789012345, " 123456789012345", "123456789012345"},
+        {1e15, " 1E+15", "1E+15"},
+        {1e16, " 1E+16", "1E+16"},
+        {-1.25e20, "-1.25E+20", "-1,25E+20"},
+        {1.5e-7, " 1.5E-07", "1,5E-07"},
+        {-1.5e-7, "-1.5E-07", "-1,5E-07"},
+        {0.0001, " .0001", "0,0001"},
+        {0.00001, " 1E-05", "1E-05"},
+        {1e-300, " 1E-300", "1E-300"},
+        {2024, " 2024", "2024"},
+        {-0.0, " 0", "0"},
+    };
+    for (const auto &c : cases) {
+        EXPECT_EQ(Str(c.value), QString::fromUtf8(c.str)) << c.str;
+        EXPECT_EQ(CStr(c.value), QString::fromUtf8(c.cstr)) << c.cstr;
+    }
+}
+
+TEST(StrAndCStr, EachReaderTakesBackItsOwnText)
+{
+    const double values[] = {0, 1, -1, 0.5, 12.25, -1234.5678, 1e-7, 3.5e18, 123456789012345, 0.000123};
+    for (double v : values) {
+        EXPECT_EQ(Numero_Val(Str(v)), v) << v;
+        EXPECT_EQ(CDbl(CStr(v)), v) << v;
+    }
+}
+
+TEST(TextHelpers, ReplaceCharacterByCharacter)
+{
+    EXPECT_EQ(Coma_A_Punto(QStringLiteral("1.234,56")), QStringLiteral("1.234.56"));
+    EXPECT_EQ(Coma_A_Punto(QStringLiteral("a,,b")), QStringLiteral("a..b"));
+    EXPECT_EQ(Coma_A_Punto(QString()), QString());
+    EXPECT_EQ(Barra_A_Guion(QStringLiteral("03/15/24")), QStringLiteral("03-15-24"));
+    EXPECT_EQ(Barra_A_Guion(QStringLiteral("a//b")), QStringLiteral("a--b"));
+}
+
+} // namespace
