@@ -1,0 +1,135 @@
+#include "sample_base.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QRegularExpression>
+#include <gtest/gtest.h>
+
+using namespace tesorel;
+using tesorel::testing::SampleBase;
+
+namespace
+{
+
+struct Outcome {
+    int exitCode = -1;
+    QString out, err;
+};
+
+Outcome runCli(const QStringList &args)
+{
+    const QString exe = QStringLiteral(TESOREL_BINARY_DIR "/app/tesorel-cli");
+    Outcome o;
+    if (!QFile::exists(exe)) {
+        ADD_FAILURE() << "build tesorel-cli first: " << exe.toStdString();
+        return o;
+    }
+    QProcess p;
+    p.start(exe, args);
+    if (!p.waitForFinished(120000)) {
+        ADD_FAILURE() << "tesorel-cli did not finish";
+        p.kill();
+        p.waitForFinished();
+        return o;
+    }
+    o.exitCode = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;
+    o.out = QString::fromUtf8(p.readAllStandardOutput());
+    o.err = QString::fromUtf8(p.readAllStandardError());
+    return o;
+}
+
+} // namespace
+
+TEST(CliProgram, ExitCodesAndMessages)
+{
+    const QString base = SampleBase::instance().path();
+    const struct {
+        QStringList args;
+        int exitCode;
+        const char *stderrPattern;
+    } cases[] = {
+        {{}, 2, "^Uso: tesorel-cli"},
+        {{"nosuchcommand"}, 2, "^Uso: "},
+        {{"sql", base}, 2, "^Uso: "},
+        {{"sql"}, 2, "^Uso: "},
+        {{"makebase"}, 2, "^Uso: "},
+        {{"makebase", "x.mdb", "--data"}, 2, "^Uso: "},
+        {{"makebase", "x.mdb", "--bogus"}, 2, "^Uso: "},
+        {{"makebase", base, "--data", SampleBase::dataDir()}, 1, "^Error 58: "},
+        {{"sql", base, "select * from nosuchtable"}, 1, "^Error \\d+: \\S"},
+        {{"sql", base, "selec bad"}, 1, "^Error \\d+: \\S"},
+        {{"sql", SampleBase::instance().tempFile("missing.mdb"), "Fechas"}, 1, "^Error 3024: "},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.args.join(' ').toStdString());
+        const Outcome o = runCli(c.args);
+        EXPECT_EQ(o.exitCode, c.exitCode);
+        EXPECT_TRUE(QRegularExpression(c.stderrPattern).match(o.err).hasMatch()) << o.err.toStdString();
+        EXPECT_TRUE(o.out.isEmpty()) << o.out.toStdString();
+    }
+    EXPECT_FALSE(QFile::exists(SampleBase::instance().tempFile("missing.mdb")));
+}
+
+TEST(CliProgram, RowsAsTabSeparatedText)
+{
+    const QString base = SampleBase::instance().path();
+    const struct {
+        const char *statement;
+        const char *output;
+    } cases[] = {
+        {"select codigo, nombre, invertia from codigo_empresas where codigo <= 2 order by codigo",
+         "Codigo\tNOMBRE\tInvertia\n1\tIBEX 35\t\\N\n2\tINDICE GENERAL MADRID\t\\N\n"},
+        {"Ultimodia", "Máxdefecha\n2026-11-20\n"},
+        {"select * from primerdia", "Fecha\n2023-11-20\n"},
+        {"select tanto, minimo, desde, hasta from comisiones where entidad = 1 and desde > 3000",
+         "Tanto\tminimo\tdesde\tHasta\n0.2\t9\t3000.01\t50000\n0.15\t0\t50000.01\t999999999\n"},
+        {"select nombre from Usuario where password = '738nomlib2'", "NOMBRE\ndemo\n"},
+        {"select * from codigo_empresas where codigo = 0",
+         "Codigo\tNOMBRE\tABREVIATURA3\tABREVIATURA11\tInvertia\n"},
+        {"select VALOR from ibex where valor = 29", "VALOR\n29\n"},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.statement);
+        const Outcome o = runCli({"sql", base, c.statement});
+        EXPECT_EQ(o.exitCode, 0) << o.err.toStdString();
+        EXPECT_EQ(o.out, QString::fromUtf8(c.output));
+    }
+}
+
+TEST(CliProgram, NumbersReadBackExactly)
+{
+    const Outcome o =
+        runCli({"sql", SampleBase::instance().path(), "select ultimo, efect, dif from bolsa_de_un_dia"});
+    ASSERT_EQ(o.exitCode, 0) << o.err.toStdString();
+    QStringList lines = o.out.split('\n', Qt::SkipEmptyParts);
+    ASSERT_EQ(lines.takeFirst(), "ULTIMO\tEFECT\tDIF");
+    ASSERT_EQ(lines.size(), 131);
+    const QRegularExpression plain("^-?\\d+(\\.\\d*[1-9])?$"); // no exponent, no trailing zeros, no comma
+    for (const QString &line : lines) {
+        for (const QString &cell : line.split('\t')) {
+            ASSERT_TRUE(plain.match(cell).hasMatch()) << cell.toStdString();
+        }
+    }
+}
+
+TEST(CliProgram, StatementsThatChangeRowsPrintNoRows)
+{
+    const QString copy = SampleBase::instance().tempFile("changed.mdb");
+    QFile::remove(copy);
+    ASSERT_TRUE(QFile::copy(SampleBase::instance().path(), copy));
+    const Outcome del = runCli({"sql", copy, "delete * from bolsa where [fecha] = #11-20-26#"});
+    EXPECT_EQ(del.exitCode, 0) << del.err.toStdString();
+    EXPECT_TRUE(del.out.isEmpty());
+    const Outcome last = runCli({"sql", copy, "Ultimodia"});
+    EXPECT_EQ(last.out, QString::fromUtf8("Máxdefecha\n2026-11-19\n"));
+}
+
+TEST(CliProgram, MakebaseBuildsANewFile)
+{
+    const QString path = SampleBase::instance().tempFile("cli-made.mdb");
+    QFile::remove(path);
+    const Outcome o = runCli({"makebase", path, "--data", SampleBase::dataDir()});
+    EXPECT_EQ(o.exitCode, 0) << o.err.toStdString();
+    const Outcome count = runCli({"sql", path, "select count(*) as n from operadores"});
+    EXPECT_EQ(count.out, "n\n6\n");
+}
