@@ -1,0 +1,272 @@
+// Drawing speed of the three charts of a 3,000-point value, against a
+// raw QPainter drawing of the same polylines and boxes, and the cost of
+// the four indicators over 3,000 points.
+#include "charts/grafica.h"
+#include "charts/indicators.h"
+#include "charts/maximos.h"
+#include "charts/mmedia.h"
+#include "charts/painter_surface.h"
+
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+#include <algorithm>
+#include <benchmark/benchmark.h>
+#include <chrono>
+#include <cmath>
+#include <cstdio>
+#include <vector>
+
+using namespace tesorel;
+
+namespace
+{
+
+constexpr int kPoints = 3000;
+constexpr int kW = 1200, kH = 800;
+const int kColours[8] = {16719920, 1127423, 192, 6736930, 16777215, 16777215, 4504439, 14729328};
+
+struct Day {
+    double close, high, low, average, money, dif;
+};
+
+std::vector<Day> walk()
+{
+    std::vector<Day> out;
+    double close = 20;
+    for (int i = 0; i < kPoints; ++i) {
+        const double before = close;
+        close = std::max(1.0, close + std::sin(i * 0.37) * 0.35 + std::sin(i * 0.011) * 0.3);
+        out.push_back({close, std::max(before, close) + 0.2, std::min(before, close) - 0.2,
+                       (before + close) / 2, 1000 + 800 * std::fabs(std::sin(i * 0.21)),
+                       (close - before) * 100 / before});
+    }
+    return out;
+}
+
+struct Charts {
+    std::vector<Day> days = walk();
+    PainterSurface p1{kW, kH}, p2{kW, kH}, p3{kW, kH};
+    grafica precio, volumen, indicador;
+    IndicatorState state;
+    double hi = 0, lo = 1e16;
+
+    Charts()
+    {
+        precio.Picture(&p1);
+        volumen.Picture(&p2);
+        indicador.Picture(&p3);
+        precio.ColorCuadricula(6332608);
+        precio.mascara("##0.##");
+        volumen.ColorCuadricula(8437952);
+        volumen.mascara("#####0");
+        for (int s = 1; s <= 8; ++s) {
+            precio.ColorLinea(s, kColours[s - 1]);
+            precio.GruesoLinea(s, (s == 4 || s == 7 || s == 8) ? 1 : 0);
+        }
+        volumen.ColorLinea(1, 16724787);
+        indicador.ColorLinea(1, 8388608);
+        indicador.ColorLinea(2, 128);
+        precio.graphtype(6);
+        volumen.graphtype(3);
+        indicador.graphtype(6);
+        precio.graphtitle("BENCH");
+        MMedia a, b;
+        for (grafica *g : {&precio, &volumen, &indicador})
+            g->NumPoints(kPoints);
+        precio.NumSets(8);
+        volumen.NumSets(1);
+        for (int i = 0; i < kPoints; ++i) {
+            const Day &d = days[i];
+            const double p = i + 1;
+            precio.ThisPoint(p);
+            const double row[8] = {
+                d.close,  d.high, d.low, a.Siguiente(d.close, 0, 30, 3), 0, 0, b.Siguiente(d.close, 0, 9, 3),
+                d.average};
+            for (int s = 0; s < 8; ++s) {
+                precio.ThisSet(s + 1);
+                precio.Graphdata(row[s]);
+            }
+            volumen.ThisPoint(p);
+            volumen.ThisSet(1);
+            volumen.Graphdata(d.money);
+            grafica_rsi(indicador, state, d.dif, 0, p);
+            hi = std::max(hi, d.high);
+            lo = std::min(lo, d.low);
+        }
+    }
+
+    void draw()
+    {
+        precio.YAxisMax(hi);
+        precio.YAxisMin(lo);
+        precio.DrawMode(2);
+        for (double y = std::floor(lo) + 1; y < hi; y += 1)
+            precio.LineaHorizontal(y);
+        volumen.YAxisMax(2000);
+        volumen.DrawMode(2);
+        indicador.YAxisMax(100);
+        indicador.DrawMode(2);
+        benchmark::DoNotOptimize(p1.image().constBits());
+        benchmark::DoNotOptimize(p2.image().constBits());
+        benchmark::DoNotOptimize(p3.image().constBits());
+    }
+};
+
+// The same primitives straight into QPainter: polylines per set, boxes,
+// grid and a few texts, with no chart logic around them.
+struct Raw {
+    QImage i1{kW, kH, QImage::Format_RGB32}, i2{kW, kH, QImage::Format_RGB32},
+        i3{kW, kH, QImage::Format_RGB32};
+    std::vector<std::vector<QPointF>> price, rsi;
+    std::vector<QRect> bars;
+    QFont font{QStringLiteral("DejaVu Sans"), 8};
+
+    explicit Raw(const Charts &c)
+    {
+        const double dx = double(kW) / (kPoints - 1);
+        auto py = [&](double v, double lo, double hi) { return kH * (1.09 - (v - lo) / (hi - lo) / 1.18); };
+        price.resize(8);
+        rsi.resize(3);
+        for (int i = 0; i < kPoints; ++i) {
+            for (int s = 0; s < 8; ++s)
+                price[s].emplace_back(i * dx, py(c.precio.valor(s + 1, i + 1), c.lo, c.hi));
+            for (int s = 0; s < 3; ++s)
+                rsi[s].emplace_back(i * dx, py(c.indicador.valor(s + 1, i + 1), 0, 100));
+            bars.emplace_back(QPoint(int(i * dx), int(py(c.volumen.valor(1, i + 1), 0, 2000))),
+                              QPoint(int((i + 1) * dx), int(py(0, 0, 2000))));
+        }
+    }
+
+    static QColor qc(int c) { return PainterSurface::toQColor(c); }
+
+    void grid(QPainter &p)
+    {
+        p.setPen(QPen(qc(6332608), 0));
+        for (int k = 0; k <= 10; ++k)
+            p.drawLine(QLineF(0, k * kH / 11.0, kW, k * kH / 11.0));
+        p.setFont(font);
+        for (int k = 0; k < 12; ++k)
+            p.drawText(QPointF(5, 10 + k * 60), QStringLiteral("12,34"));
+    }
+
+    void draw()
+    {
+        {
+            QPainter p(&i1);
+            p.fillRect(i1.rect(), Qt::white);
+            grid(p);
+            for (int s = 0; s < 8; ++s) {
+                QPen pen(qc(kColours[s]), (s == 3 || s == 6 || s == 7) ? 2 : 0);
+                pen.setCapStyle(Qt::FlatCap);
+                pen.setJoinStyle(Qt::BevelJoin);
+                p.setPen(pen);
+                p.drawPolyline(price[s].data(), int(price[s].size()));
+            }
+        }
+        {
+            QPainter p(&i2);
+            p.fillRect(i2.rect(), Qt::white);
+            grid(p);
+            p.setPen(QPen(qc(6689915), 0));
+            for (const QRect &r : bars) {
+                p.fillRect(r, qc(16724787));
+                p.drawRect(r);
+            }
+        }
+        {
+            QPainter p(&i3);
+            p.fillRect(i3.rect(), Qt::white);
+            grid(p);
+            for (int s = 0; s < 3; ++s) {
+                p.setPen(QPen(qc(s == 0 ? 8388608 : s == 1 ? 128 : 0), 0));
+                p.drawPolyline(rsi[s].data(), int(rsi[s].size()));
+            }
+        }
+        benchmark::DoNotOptimize(i1.constBits());
+    }
+};
+
+Charts *gCharts = nullptr;
+Raw *gRaw = nullptr;
+
+void BM_DrawThreeCharts(benchmark::State &state)
+{
+    for (auto _ : state)
+        gCharts->draw();
+}
+BENCHMARK(BM_DrawThreeCharts)->Unit(benchmark::kMillisecond);
+
+void BM_RawQPainterSamePrimitives(benchmark::State &state)
+{
+    for (auto _ : state)
+        gRaw->draw();
+}
+BENCHMARK(BM_RawQPainterSamePrimitives)->Unit(benchmark::kMillisecond);
+
+void BM_FourIndicators3000(benchmark::State &state)
+{
+    const std::vector<Day> &days = gCharts->days;
+    grafica g;
+    IndicatorState st;
+    for (auto _ : state) {
+        Maximos extremes;
+        HistoriaMomentum h{};
+        double n = 0;
+        MMedia a, b;
+        for (int i = 0; i < kPoints; ++i) {
+            const Day &d = days[i];
+            const double p = i + 1;
+            grafica_macd(g, st, b.Siguiente(d.close, 0, 9, 3), a.Siguiente(d.close, 0, 30, 3), 0, p, d.close);
+            grafica_rsi(g, st, d.dif, 0, p);
+            grafica_momentum(g, d.close, n, p, h);
+            if (n < 14)
+                n += 1;
+            grafica_stocastico(g, st, d.close, extremes.Maxi(d.high, 5), extremes.Min(d.low, 5), 5, p);
+        }
+        benchmark::DoNotOptimize(g.valor(1, kPoints));
+    }
+}
+BENCHMARK(BM_FourIndicators3000)->Unit(benchmark::kMicrosecond);
+
+template <typename F> double medianMs(F &&f, int runs)
+{
+    std::vector<double> t;
+    for (int i = 0; i < runs; ++i) {
+        const auto a = std::chrono::steady_clock::now();
+        f();
+        t.push_back(std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - a).count());
+    }
+    std::sort(t.begin(), t.end());
+    return t[t.size() / 2];
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    int qargc = 1;
+    QGuiApplication app(qargc, argv);
+    Charts charts;
+    Raw raw(charts);
+    gCharts = &charts;
+    gRaw = &raw;
+
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+
+    // Interleaved medians in this one run, for the ratio.
+    for (int warm = 0; warm < 5; ++warm) {
+        charts.draw();
+        raw.draw();
+    }
+    const double chart = medianMs([&] { charts.draw(); }, 101);
+    const double base = medianMs([&] { raw.draw(); }, 101);
+    std::printf("three charts, 3000 points, 1200x800: median %.3f ms (target <= 2 ms)\n", chart);
+    std::printf("raw QPainter, same primitives:       median %.3f ms\n", base);
+    std::printf("ratio charts / raw: %.2f (target <= 2)\n", chart / base);
+    return 0;
+}

@@ -1,0 +1,164 @@
+#pragma once
+#include <QDate>
+#include <QString>
+#include <array>
+#include <vector>
+
+namespace tesorel
+{
+
+class Surface;
+
+// One chart: up to 10 sets of up to 3000 points, a date and a month mark
+// per point, and the settings of its drawing. Numbers are kept as the
+// generic graph control kept them: doubles, set and point numbers from 1.
+// Several setters only store, and several are accepted and ignored: the
+// callers still set them.
+//
+// Values are kept in plot units: on a logarithmic chart Graphdata,
+// YAxisMax and YAxisMin take the decimal logarithm of what they are given.
+// Whether the chart is logarithmic is read at each call from the tick the
+// chart was built with (none: never).
+class grafica
+{
+  public:
+    static constexpr int kSets = 10;
+    static constexpr int kPoints = 3000;
+
+    explicit grafica(const bool *logaritmica = nullptr);
+
+    void Anular_split(bool flag);
+    void GruesoLinea(double set, double width);
+    void ColorLinea(double set, double colour);
+    void asociar(Surface *control);
+    void Pintar();
+    void Picture(Surface *box);
+    void Imagefile(const QString &) {}
+    void mascara(const QString &mask) { mascara_ = mask; }
+    void AutoInc(double) {}
+    void Split(double factor) { split_ = factor; }
+    void NumPoints(double n) { numPoints_ = n; }
+    double NumPoints() const { return numPoints_; }
+    void LabelText(const QString &) {}
+    void YAxisStyle(double v) { yAxisStyle_ = v; }
+    void YAxisTicks(double v) { yAxisTicks_ = v; }
+    void YAxisMax(double &x);
+    void YAxisMax(const double &x)
+    {
+        double v = x;
+        YAxisMax(v);
+    }
+    void Escribir(QString &t);
+    void Escribir(const QString &t)
+    {
+        QString v = t;
+        Escribir(v);
+    }
+    void YAxisMin(double &x);
+    void YAxisMin(const double &x)
+    {
+        double v = x;
+        YAxisMin(v);
+    }
+    void DrawMode(double) { Trazar(); }
+    void LineaHorizontal(double y);
+    void graphtitle(const QString &t) { graphtitle_ = t; }
+    void graphtype(double v) { graphtype_ = v; }
+    void graphSTyLe(double v) { graphStyle_ = v; }
+    void gridsTyLe(double v) { gridStyle_ = v; }
+    void NumSets(double v) { numSets_ = v; }
+    void Left(double v);
+    void Height(double v);
+    void ThisPoint(double p);
+    void ThisSet(double s) { thisSet_ = s; }
+    void Graphdata(double &x);
+    void Graphdata(const double &x)
+    {
+        double v = x;
+        Graphdata(v);
+    }
+    void Fecha(const QDate &d);
+    QDate Quefecha(double &x) const;
+    QDate Quefecha(const double &x) const
+    {
+        double v = x;
+        return Quefecha(v);
+    }
+    double QuePrecio(double &x) const;
+    double QuePrecio(const double &x) const
+    {
+        double v = x;
+        return QuePrecio(v);
+    }
+    double QueNum(const QDate &d) const;
+    void Vertical();
+    void ColorCuadricula(double colour) { colorCuadricula_ = colour; }
+    void Width(double v);
+    void Top(double v);
+    void Visible(bool v);
+    double Width() const;
+    double Left() const;
+    double Height() const;
+    double Top() const;
+    bool Visible() const;
+    void tipo(double v) { tipo_ = v; }
+
+    // The operations that write back take a variable; a constant or an
+    // expression is accepted as the language passes it, by a copy.
+
+    // Read access for the windows and the tests; the class itself only
+    // ever writes these through the operations above.
+    double YAxisMax() const { return yAxisMax_; }
+    double YAxisMin() const { return yAxisMin_; }
+    double YAxisTicks() const { return yAxisTicks_; }
+    double NumSets() const { return numSets_; }
+    double ThisSet() const { return thisSet_; }
+    double ThisPoint() const { return thisPoint_; }
+    double graphtype() const { return graphtype_; }
+    const QString &graphtitle() const { return graphtitle_; }
+    double Split() const { return split_; }
+    double tipo() const { return tipo_; }
+    double YAxisStyle() const { return yAxisStyle_; }
+    double valor(double set, double point) const; // Graphdata as stored
+    QDate fechaDe(double point) const;
+    bool verticalDe(double point) const;
+    static QDate fechaCero() { return QDate(1899, 12, 30); }
+
+  private:
+    void Trazar();
+    void plotLines(double dx);
+    void plotCandles(double dx);
+    void plotBars(double dx);
+    void verticalMark(double i, double dx);
+    void setLine(double s, double i, double dx);
+    double &at(double set, double point);
+    double at(double set, double point) const;
+    bool logaritmica() const { return logaritmica_ && *logaritmica_; }
+    Surface &surface() const;
+    Surface &control() const;
+
+    const bool *logaritmica_;
+    double tipo_ = 0;
+    Surface *control_ = nullptr;
+    Surface *surface_ = nullptr;
+    double yAxisTicks_ = 0;
+    double yAxisMin_ = 0;
+    double yAxisMax_ = 0;
+    double split_ = 0;
+    std::vector<double> data_; // set after set, each kPoints long
+    std::vector<unsigned char> vertical_;
+    std::vector<QDate> fecha_;
+    double numPoints_ = 0;
+    double yAxisStyle_ = 0;
+    QString graphtitle_;
+    double graphtype_ = 0;
+    double graphStyle_ = 0, gridStyle_ = 0;
+    double numSets_ = 0;
+    double thisSet_ = 0, thisPoint_ = 0;
+    QString mascara_;
+    std::array<double, kSets> gruesoLinea_{};
+    double colorCuadricula_ = 0;
+    std::array<double, kSets> colorLinea_{};
+};
+
+} // namespace tesorel

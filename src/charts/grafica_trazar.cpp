@@ -1,0 +1,209 @@
+// The drawing of a chart. Every statement that can fail is one step: a
+// failure costs that step only (one line of the picture, one label) and
+// the drawing goes on, so a bad value never loses the whole chart.
+#include "charts/checked_math.h"
+#include "charts/grafica.h"
+#include "charts/surface.h"
+#include "core/format.h"
+#include "core/runtime_error.h"
+
+#include <algorithm>
+
+namespace tesorel
+{
+
+using namespace chartmath;
+
+namespace
+{
+const QString kEtiqueta = QStringLiteral("###,###.##");
+constexpr int kRojoOscuro = 128;    // palette colour 4
+constexpr int kVerdeOscuro = 32768; // palette colour 2
+constexpr int kNegro = 0;
+constexpr double kMarcaMes = 3158064; // added to the grid colour for month marks
+
+template <typename F> void step(F &&f)
+{
+    try {
+        f();
+    } catch (const RuntimeError &) {
+    }
+}
+
+// Past point kPoints + 1 every pass of the plot loops fails in the same
+// way and leaves the same state, so those passes are folded into one.
+double lastPlotPass(double numPoints)
+{
+    return std::min(lastPass(1, numPoints - 1), double(grafica::kPoints + 1));
+}
+} // namespace
+
+void grafica::Trazar()
+{
+    double r = 0;
+    step([&] { r = finite(yAxisMax_ - yAxisMin_); });
+    step([&] { surface().setScaleTop(toSingle(yAxisMax_ + 0.09 * r)); });
+    if (r != 0)
+        step([&] { surface().setScaleHeight(toSingle(-1.18 * r)); });
+    step([&] { surface().setScaleLeft(-65); });
+    step([&] { surface().setScaleWidth(1100); });
+    step([&] { surface().clear(); });
+
+    // The title takes whatever fore colour the last drawing left.
+    step([&] { surface().setCurrentX(0); });
+    step([&] {
+        Surface &b = surface();
+        b.setCurrentY(toSingle(double(b.scaleTop()) + double(b.textHeight(graphtitle_)) / 2));
+    });
+    step([&] { surface().print(graphtitle_); });
+
+    step([&] { surface().setCurrentX(-20); });
+    step([&] {
+        Surface &b = surface();
+        b.setCurrentY(toSingle(double(b.scaleTop()) + double(b.scaleHeight()) / 15.5));
+    });
+    if (yAxisTicks_ > 0) {
+        // The first label reads one step below the top though it stands
+        // at the top of the column.
+        double paso = 0, y = 0;
+        step([&] { paso = divide(r, yAxisTicks_); });
+        y = yAxisMax_;
+        for (double k = 1; k <= yAxisTicks_ - 1; ++k) {
+            step([&] { y = finite(y - paso); });
+            QString t;
+            step([&] { t = Format(y, kEtiqueta); });
+            step([&] { Escribir(t); });
+        }
+    }
+    step([&] { surface().setCurrentY(toSingle(yAxisMin_)); });
+    step([&] { surface().setDrawWidth(1); });
+
+    // The grid always divides by ten, whatever the ticks say.
+    {
+        double y = yAxisMax_, paso = 0;
+        step([&] { paso = finite(r / 10); });
+        auto horizontal = [&](double at) {
+            step([&] { surface().line(-5, toSingle(at), 1005, toSingle(at), toLong(colorCuadricula_)); });
+        };
+        horizontal(y);
+        for (double i = 2; i <= yAxisTicks_; ++i) {
+            horizontal(y);
+            step([&] { y = finite(y - paso); });
+        }
+        horizontal(yAxisMin_);
+        step([&] {
+            surface().line(1005, toSingle(yAxisMax_), 1005, toSingle(yAxisMin_), toLong(colorCuadricula_));
+        });
+        step([&] {
+            surface().line(0, toSingle(yAxisMin_), 0, toSingle(yAxisMax_), toLong(colorCuadricula_));
+        });
+    }
+
+    double dx = 1;
+    if (numPoints_ > 1)
+        step([&] { dx = finite(1000 / (numPoints_ - 1)); });
+
+    if (graphtype_ == 3) {
+        plotBars(dx);
+    } else if (graphtype_ == 7) {
+        plotCandles(dx);
+    } else {
+        if (numPoints_ <= 1)
+            return; // a line chart of one point keeps its top
+        plotLines(dx);
+    }
+    yAxisMax_ = 0;
+}
+
+void grafica::verticalMark(double i, double dx)
+{
+    // Stands at the x of point i + 1: one step right of its own point.
+    step([&] {
+        if (vertical_[index(i, 1, kPoints) - 1])
+            surface().line(toSingle(i * dx), toSingle(yAxisMax_), toSingle(i * dx), toSingle(yAxisMin_),
+                           toLong(colorCuadricula_ + kMarcaMes));
+    });
+}
+
+void grafica::setLine(double s, double i, double dx)
+{
+    step([&] { surface().setForeColor(toLong(s)); });
+    step([&] { surface().setDrawWidth(toLong(gruesoLinea_[index(s, 1, kSets) - 1] + 1)); });
+    step([&] {
+        surface().line(toSingle((i - 1) * dx), toSingle(at(s, i)), toSingle(i * dx), toSingle(at(s, i + 1)),
+                       toLong(colorLinea_[index(s, 1, kSets) - 1]));
+    });
+}
+
+namespace
+{
+// Sets past the tenth only fail after setting the fore colour; the state
+// they leave is the fore colour of the last one, so they fold into one.
+double lastSet(double numSets)
+{
+    return lastPass(1, numSets);
+}
+constexpr double kFoldSets = grafica::kSets + 1;
+} // namespace
+
+void grafica::plotLines(double dx)
+{
+    const double last = lastPlotPass(numPoints_);
+    for (double i = 1; i <= last && i <= numPoints_ - 1; ++i) {
+        step([&] { surface().setDrawWidth(1); });
+        verticalMark(i, dx);
+        for (double s = 1; s <= numSets_ && s <= kFoldSets; ++s)
+            setLine(s, i, dx);
+        if (numSets_ > kFoldSets)
+            step([&] { surface().setForeColor(toLong(std::min(lastSet(numSets_), 2147483647.0))); });
+    }
+}
+
+void grafica::plotCandles(double dx)
+{
+    const double last = lastPlotPass(numPoints_);
+    for (double i = 1; i <= last && i <= numPoints_ - 1; ++i) {
+        step([&] { surface().setDrawWidth(1); });
+        verticalMark(i, dx);
+        // Tested on point i while the candle drawn is that of point i + 1:
+        // each candle wears the colour of the day before.
+        int colour = 0;
+        step([&] { colour = at(8, i) > at(1, i) ? kRojoOscuro : kVerdeOscuro; });
+        step([&] {
+            surface().line(toSingle((i - 0.5) * dx), toSingle(at(2, i + 1)), toSingle((i - 0.5) * dx),
+                           toSingle(at(3, i + 1)), kNegro);
+        });
+        step([&] {
+            surface().filledBox(toSingle((i - 1) * dx), toSingle(at(8, i + 1)), toSingle(i * dx),
+                                toSingle(at(1, i + 1)), colour);
+        });
+        for (double s = 1; s <= numSets_ && s <= kFoldSets; ++s)
+            if (s != 1 && s != 2 && s != 3 && s != 8)
+                setLine(s, i, dx);
+        if (numSets_ > kFoldSets)
+            step([&] { surface().setForeColor(toLong(std::min(lastSet(numSets_), 2147483647.0))); });
+    }
+}
+
+void grafica::plotBars(double dx)
+{
+    const double last = lastPlotPass(numPoints_);
+    for (double i = 1; i <= last && i <= numPoints_ - 1; ++i) {
+        for (double s = 1; s <= numSets_ && s <= kFoldSets; ++s) {
+            step([&] { surface().setForeColor(toLong(s)); });
+            step([&] {
+                surface().filledBox(toSingle((i - 1) * dx), 0, toSingle(i * dx), toSingle(at(s, i + 1)),
+                                    toLong(colorLinea_[index(s, 1, kSets) - 1]));
+            });
+            // A plain division of the packed colour: darker only by accident.
+            step([&] {
+                surface().box(toSingle((i - 1) * dx), 0, toSingle(i * dx), toSingle(at(s, i + 1)),
+                              toLong(colorLinea_[index(s, 1, kSets) - 1] / 2.5));
+            });
+        }
+        if (numSets_ > kFoldSets)
+            step([&] { surface().setForeColor(toLong(std::min(lastSet(numSets_), 2147483647.0))); });
+    }
+}
+
+} // namespace tesorel

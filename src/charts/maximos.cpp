@@ -1,0 +1,86 @@
+#include "charts/maximos.h"
+
+#include "charts/checked_math.h"
+
+namespace tesorel
+{
+
+using namespace chartmath;
+
+double Maximos::Max(double valor, double periodo)
+{
+    // Ages count from 0 and run out on equality.
+    if (valor >= maximo_) {
+        maximo_ = valor;
+        edad_ = 0;
+        segundoMaximo_ = 0;
+    } else {
+        if (valor >= segundoMaximo_) {
+            segundoMaximo_ = valor;
+            segundaEdad_ = 0;
+        } else {
+            segundaEdad_ = segundaEdad_ + 1;
+        }
+        edad_ = edad_ + 1;
+        if (edad_ == periodo) {
+            maximo_ = segundoMaximo_;
+            edad_ = segundaEdad_;
+        }
+    }
+    return maximo_;
+}
+
+double Maximos::Mini(double valor, double periodo)
+{
+    // Ages count from 1 and run out at or above the period.
+    if (iniciado_ == 0) {
+        minimo_ = 1e19;
+        iniciado_ = 1;
+    }
+    if (valor <= minimo_) {
+        minimo_ = valor;
+        edadMin_ = 1;
+        segundoMinimo_ = 1e19;
+    } else {
+        if (valor <= segundoMinimo_) {
+            segundoMinimo_ = valor;
+            segundaEdadMin_ = 1;
+        } else {
+            segundaEdadMin_ = segundaEdadMin_ + 1;
+        }
+        edadMin_ = edadMin_ + 1;
+        if (edadMin_ >= periodo) {
+            minimo_ = segundoMinimo_;
+            edadMin_ = segundaEdadMin_;
+        }
+    }
+    return minimo_;
+}
+
+double Maximos::Maxi(double valor, double periodo)
+{
+    posMax_ = mod(posMax_, periodo) + 1;
+    ringMax_[index(posMax_, 1, 200) - 1] = valor;
+    maximo_ = 0;
+    for (double i = 1; i <= periodo; ++i) {
+        const double v = ringMax_[index(i, 1, 200) - 1];
+        if (v > maximo_)
+            maximo_ = v;
+    }
+    return maximo_;
+}
+
+double Maximos::Min(double valor, double periodo)
+{
+    posMin_ = mod(posMin_, periodo) + 1;
+    ringMin_[index(posMin_, 1, 200) - 1] = valor;
+    minimo_ = 1e21;
+    for (double i = 1; i <= periodo; ++i) {
+        const double v = ringMin_[index(i, 1, 200) - 1];
+        if (v < minimo_)
+            minimo_ = v;
+    }
+    return minimo_;
+}
+
+} // namespace tesorel

@@ -1,0 +1,66 @@
+#include "charts/mmedia.h"
+
+#include "charts/checked_math.h"
+
+namespace tesorel
+{
+
+using namespace chartmath;
+
+double MMedia::Siguiente(double valor, double, double &periodo, double tipo)
+{
+    if (tipo == 1)
+        return Siguiente_simple(valor, periodo);
+    if (tipo == 2)
+        return siguiente_ponderada(valor, periodo);
+    if (tipo == 3)
+        return Siguiente_exponencial(valor, periodo);
+    return 0;
+}
+
+double MMedia::Siguiente_exponencial(double valor, double periodo)
+{
+    if (exponencial_ == 0)
+        exponencial_ = valor;
+    else
+        exponencial_ = finite((valor - exponencial_) * divide(2, periodo + 1) + exponencial_);
+    return exponencial_;
+}
+
+double MMedia::Siguiente_simple(double valor, double &periodo)
+{
+    cuentaSimple_ = cuentaSimple_ + 1;
+    if (cuentaSimple_ < periodo)
+        periodo = cuentaSimple_;
+    posicion_ = mod(posicion_, periodo) + 1;
+    ring_[index(posicion_, 1, 200) - 1] = valor;
+    double total = 0, cuenta = 0;
+    for (double k = 1; k <= periodo; ++k) {
+        const double v = ring_[index(k, 1, 200) - 1];
+        total = finite(total + v);
+        // A zero shortens the window instead of pulling the mean down.
+        if (v != 0)
+            cuenta += 1;
+    }
+    return divide(total, cuenta);
+}
+
+double MMedia::siguiente_ponderada(double valor, double &periodo)
+{
+    cuentaPonderada_ = cuentaPonderada_ + 1;
+    if (cuentaPonderada_ < periodo)
+        periodo = cuentaPonderada_;
+    posicion_ = mod(posicion_, periodo) + 1;
+    ring_[index(posicion_, 1, 200) - 1] = valor;
+    // Forward from the newest, which wraps at once to the oldest: the
+    // newest weighs n, the oldest n - 1, the one before the newest 1.
+    double peso = periodo, acumulado = 0, pos = posicion_;
+    do {
+        acumulado = finite(acumulado + peso * ring_[index(pos, 1, 200) - 1]);
+        peso = peso - 1;
+        pos = mod(pos, periodo) + 1;
+    } while (pos != posicion_);
+    return divide(acumulado, sum(periodo));
+}
+
+} // namespace tesorel

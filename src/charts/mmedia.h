@@ -1,0 +1,37 @@
+#pragma once
+#include <array>
+
+namespace tesorel
+{
+
+// Moving averages of a series fed one value at a time, oldest first. One
+// instance serves one series and has no reset. A period of 0 in the ring
+// averages is a DivisionByZero, a period above 200 a SubscriptOutOfRange.
+class MMedia
+{
+  public:
+    // kind 1 simple, 2 weighted, 3 exponential; any other returns 0 and
+    // feeds nothing. The second number is not read.
+    double Siguiente(double valor, double noLeido, double &periodo, double tipo);
+    double Siguiente(double valor, double noLeido, const double &periodo, double tipo)
+    {
+        double n = periodo;
+        return Siguiente(valor, noLeido, n, tipo);
+    }
+    // Restarts from the value whenever the average is exactly 0.
+    double Siguiente_exponencial(double valor, double periodo);
+    // During the warm-up the period is shortened to the values seen, and
+    // the caller's variable is left holding the shortened window.
+    double siguiente_ponderada(double valor, double &periodo);
+    double Siguiente_simple(double valor, double &periodo);
+    static double sum(double n) { return (n + 1) * n / 2; }
+
+  private:
+    std::array<double, 200> ring_{}; // positions 1..200
+    double posicion_ = 0;
+    double exponencial_ = 0;
+    double cuentaPonderada_ = 0;
+    double cuentaSimple_ = 0;
+};
+
+} // namespace tesorel

@@ -1,0 +1,173 @@
+#include "charts/maximos.h"
+#include "charts/mmedia.h"
+#include "core/runtime_error.h"
+
+#include <gtest/gtest.h>
+#include <vector>
+
+namespace tesorel
+{
+namespace
+{
+
+struct Series {
+    const char *name;
+    double kind; // 1 simple, 2 weighted, 3 exponential
+    double period;
+    std::vector<double> values;
+    std::vector<double> expected;
+};
+
+// Expected values worked out by hand from the definitions.
+const Series kAverages[] = {
+    // Exponential, period 3: weight 2 / 4 = 0.5.
+    {"exponential", 3, 3, {10, 20, 0, 30}, {10, 15, 7.5, 18.75}},
+    // Period 1 has weight 1: the average reaches exactly 0 and restarts at 7.
+    {"exponential restarts at 0", 3, 1, {4, 0, 7, 9}, {4, 0, 7, 9}},
+    // Simple, period 3: windows of 1, 2, then 3 values.
+    {"simple warm-up", 1, 3, {3, 6, 9, 12}, {3, 4.5, 6, 9}},
+    // A zero shortens the window: 6/1, (6+0)/1, (6+0+3)/2.
+    {"simple leaves zeros out", 1, 3, {6, 0, 3}, {6, 6, 4.5}},
+    // Weighted, period 3: 1/1, (2*2+1*1)/3, (3*3+2*1+1*2)/6, (3*4+2*2+1*3)/6.
+    {"weighted ring walk", 2, 3, {1, 2, 3, 4}, {1, 5.0 / 3, 13.0 / 6, 19.0 / 6}},
+    {"unknown kind", 4, 3, {5, 6}, {0, 0}},
+};
+
+TEST(MMedia, AveragesByKind)
+{
+    for (const Series &c : kAverages) {
+        MMedia m;
+        for (std::size_t i = 0; i < c.values.size(); ++i) {
+            double period = c.period;
+            EXPECT_DOUBLE_EQ(m.Siguiente(c.values[i], 0, period, c.kind), c.expected[i])
+                << c.name << " #" << i;
+        }
+    }
+}
+
+TEST(MMedia, WarmUpShortensTheCallersPeriod)
+{
+    struct Case {
+        double kind;
+        std::vector<double> written; // the period after each call, started at 3
+    } cases[] = {{1, {1, 2, 3, 3}}, {2, {1, 2, 3, 3}}, {3, {3, 3, 3, 3}}};
+    for (const Case &c : cases) {
+        MMedia m;
+        for (double expected : c.written) {
+            double period = 3;
+            m.Siguiente(5, 0, period, c.kind);
+            EXPECT_EQ(period, expected) << "kind " << c.kind;
+        }
+    }
+}
+
+TEST(MMedia, UnknownKindFeedsNothing)
+{
+    MMedia m;
+    m.Siguiente(100, 0, 3, 9);
+    // Still the first value of the simple average.
+    EXPECT_DOUBLE_EQ(m.Siguiente(8, 0, 3, 1), 8);
+}
+
+TEST(MMedia, Failures)
+{
+    struct Case {
+        const char *name;
+        double kind, period, value;
+        int calls;
+        int number;
+    } cases[] = {
+        {"simple period 0", 1, 0, 5, 1, err::DivisionByZero},
+        {"weighted period 0", 2, 0, 5, 1, err::DivisionByZero},
+        {"simple first value 0", 1, 3, 0, 1, err::Overflow}, // 0 / 0
+        {"simple past 200 places", 1, 250, 1, 201, err::SubscriptOutOfRange},
+        {"weighted past 200 places", 2, 250, 1, 201, err::SubscriptOutOfRange},
+    };
+    for (const Case &c : cases) {
+        MMedia m;
+        for (int i = 1; i < c.calls; ++i) {
+            double period = c.period;
+            EXPECT_NO_THROW(m.Siguiente(c.value, 0, period, c.kind)) << c.name;
+        }
+        try {
+            double period = c.period;
+            m.Siguiente(c.value, 0, period, c.kind);
+            ADD_FAILURE() << c.name << " did not fail";
+        } catch (const RuntimeError &e) {
+            EXPECT_EQ(e.number(), c.number) << c.name;
+        }
+    }
+    EXPECT_DOUBLE_EQ(MMedia::sum(4), 10);
+}
+
+enum class Op { Max, Maxi, Min, Mini };
+
+struct Extremes {
+    const char *name;
+    Op op;
+    double period;
+    std::vector<double> values;
+    std::vector<double> expected;
+};
+
+const Extremes kExtremes[] = {
+    // Ages from 0, runs out when the age equals 3; the follow-up is the
+    // best seen since the reset (4), kept even once it is older than 3.
+    {"Max by candidates", Op::Max, 3, {5, 3, 4, 2, 1, 0}, {5, 5, 5, 4, 4, 4}},
+    {"Max renews on equal values", Op::Max, 2, {5, 5, 5, 1}, {5, 5, 5, 5}},
+    // Ages from 1, runs out at or above 3: after three values 5 gives way
+    // to 6 though it is still in the window.
+    {"Mini by candidates", Op::Mini, 3, {5, 7, 6, 8, 9}, {5, 5, 6, 6, 6}},
+    {"Maxi over the ring", Op::Maxi, 3, {2, 5, 1, 1, 1}, {2, 5, 5, 5, 1}},
+    {"Maxi starts at 0", Op::Maxi, 2, {-3, -1}, {0, 0}},
+    // Empty places hold 0: 0 until five values are in.
+    {"Min warm-up zeros", Op::Min, 5, {5, 4, 6, 7, 8, 9, 10}, {0, 0, 0, 0, 4, 4, 6}},
+};
+
+double feed(Maximos &m, Op op, double v, double n)
+{
+    switch (op) {
+    case Op::Max:
+        return m.Max(v, n);
+    case Op::Maxi:
+        return m.Maxi(v, n);
+    case Op::Min:
+        return m.Min(v, n);
+    case Op::Mini:
+        return m.Mini(v, n);
+    }
+    return 0;
+}
+
+TEST(Maximos, ExtremesByKind)
+{
+    for (const Extremes &c : kExtremes) {
+        Maximos m;
+        for (std::size_t i = 0; i < c.values.size(); ++i)
+            EXPECT_DOUBLE_EQ(feed(m, c.op, c.values[i], c.period), c.expected[i]) << c.name << " #" << i;
+    }
+}
+
+TEST(Maximos, RingFailures)
+{
+    struct Case {
+        Op op;
+        double period;
+        int number;
+    } cases[] = {{Op::Maxi, 0, err::DivisionByZero},
+                 {Op::Min, 0, err::DivisionByZero},
+                 {Op::Maxi, 201, err::SubscriptOutOfRange},
+                 {Op::Min, 201, err::SubscriptOutOfRange}};
+    for (const Case &c : cases) {
+        Maximos m;
+        try {
+            feed(m, c.op, 1, c.period);
+            ADD_FAILURE() << "period " << c.period << " did not fail";
+        } catch (const RuntimeError &e) {
+            EXPECT_EQ(e.number(), c.number);
+        }
+    }
+}
+
+} // namespace
+} // namespace tesorel

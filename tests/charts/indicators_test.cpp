@@ -1,0 +1,145 @@
+#include "charts/grafica.h"
+#include "charts/indicators.h"
+#include "core/runtime_error.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace tesorel
+{
+namespace
+{
+
+TEST(Indicators, Macd)
+{
+    grafica g;
+    IndicatorState st;
+    struct Step {
+        double second, first, macd, signal;
+    } steps[] = {
+        {12, 10, 2, 2},        // the signal starts at the first value
+        {13, 10, 3, 2.25},     // (3 - 2) * 2/8 + 2
+        {11, 10, 1, 1.9375},   // (1 - 2.25) * 0.25 + 2.25
+        {9, 10, -1, 1.203125}, // (-1 - 1.9375) * 0.25 + 1.9375
+    };
+    double p = 1;
+    for (const Step &s : steps) {
+        grafica_macd(g, st, s.second, s.first, 0, p, 100);
+        EXPECT_DOUBLE_EQ(g.valor(1, p), s.macd);
+        EXPECT_DOUBLE_EQ(g.valor(2, p), s.signal);
+        ++p;
+    }
+    EXPECT_EQ(g.NumSets(), 2);
+    EXPECT_EQ(g.YAxisMin(), -1);
+    // Point 1 starts a new signal line.
+    grafica_macd(g, st, 15, 10, 0, 1, 100);
+    EXPECT_DOUBLE_EQ(g.valor(2, 1), 5);
+}
+
+TEST(Indicators, Rsi)
+{
+    grafica g;
+    IndicatorState st;
+    struct Step {
+        double dif, rsi;
+    } steps[] = {
+        {0, 0},                                            // u = d = 0, divisor 1
+        {2, 100 - 100.0 / 3},                              // u = 2, d = 0 -> divisor 1
+        {-1, 2600.0 / 41},                                 // u = 2 - 2 * 2/15 = 26/15, d = 1
+        {-1, 100 - 100 / (1 + (26.0 / 15 * 13 / 15) / 1)}, // u shrinks, d stays 1
+    };
+    double p = 1;
+    for (const Step &s : steps) {
+        grafica_rsi(g, st, s.dif, 0, p);
+        EXPECT_NEAR(g.valor(1, p), s.rsi, 1e-12) << p;
+        EXPECT_EQ(g.valor(2, p), 30);
+        EXPECT_EQ(g.valor(3, p), 70);
+        ++p;
+    }
+    EXPECT_EQ(g.NumSets(), 3);
+}
+
+TEST(Indicators, RsiOnALogarithmicChartStoresLogarithms)
+{
+    bool log = true;
+    grafica g(&log);
+    IndicatorState st;
+    grafica_rsi(g, st, 2, 0, 1); // a first gain: u = 2, d = 0, r = 100 - 100 / 3
+    EXPECT_NEAR(g.valor(1, 1), std::log10(100 - 100.0 / 3), 1e-12);
+    EXPECT_NEAR(g.valor(2, 1), std::log10(30), 1e-12);
+    EXPECT_NEAR(g.valor(3, 1), std::log10(70), 1e-12);
+}
+
+TEST(Indicators, Momentum)
+{
+    grafica g;
+    HistoriaMomentum h{};
+    double n = 0;
+    const double closes[] = {10, 12, 15, 11};
+    // Against the first close, as long as n is still growing.
+    const double expected[] = {0, 12 - 10, 15 - 10, 11 - 10};
+    for (int i = 0; i < 4; ++i) {
+        grafica_momentum(g, closes[i], n, i + 1, h);
+        EXPECT_EQ(g.valor(1, i + 1), expected[i]);
+        if (n < 14)
+            n += 1;
+    }
+    EXPECT_EQ(g.NumSets(), 1);
+
+    // From the fifteenth point on, the change over 14 days.
+    grafica g2;
+    HistoriaMomentum h2{};
+    n = 0;
+    for (int i = 1; i <= 20; ++i) {
+        grafica_momentum(g2, i * i, n, i, h2);
+        if (n < 14)
+            n += 1;
+    }
+    EXPECT_EQ(g2.valor(1, 15), 15 * 15 - 1 * 1);
+    EXPECT_EQ(g2.valor(1, 20), 20 * 20 - 6 * 6);
+
+    try {
+        grafica_momentum(g, 1, 41, 1, h);
+        ADD_FAILURE();
+    } catch (const RuntimeError &e) {
+        EXPECT_EQ(e.number(), err::SubscriptOutOfRange);
+    }
+}
+
+TEST(Indicators, StochasticRatioOfSumsAndRingsThatNeverReset)
+{
+    grafica g;
+    IndicatorState st;
+    struct Step {
+        double close, high, low, k, d;
+    } steps[] = {
+        {8, 10, 0, 80, 80},          // warm-up low 0: close / high
+        {9, 10, 6, 75, 1100.0 / 14}, // (8+3) / (10+4)
+        {6, 10, 6, 0, 1100.0 / 18},  // (8+3+0) / (10+4+4)
+        {7, 7, 7, 0, 37.5},          // (0+3+0) / (0+4+4): first place overwritten
+    };
+    double p = 1;
+    for (const Step &s : steps) {
+        grafica_stocastico(g, st, s.close, s.high, s.low, 5, p);
+        EXPECT_NEAR(g.valor(1, p), s.k, 1e-12) << p;
+        EXPECT_EQ(g.valor(2, p), 20);
+        EXPECT_EQ(g.valor(3, p), 80);
+        EXPECT_NEAR(g.valor(4, p), s.d, 1e-12) << p;
+        ++p;
+    }
+    EXPECT_EQ(g.NumSets(), 4);
+
+    // A new chart from point 1 still sums the last two days of the old one
+    // (steps 3 and 4); the new day replaces step 2.
+    grafica next;
+    grafica_stocastico(next, st, 5, 10, 0, 5, 1);
+    EXPECT_NEAR(next.valor(4, 1), (0 + 0 + 5) * 100.0 / (0 + 4 + 10), 1e-12);
+    // All denominators 0: %D is 0.
+    IndicatorState flat;
+    grafica_stocastico(next, flat, 5, 5, 5, 5, 2);
+    EXPECT_EQ(next.valor(4, 2), 0);
+}
+
+} // namespace
+} // namespace tesorel
