@@ -1,0 +1,144 @@
+#include "core/runtime_error.h"
+#include "store_fixture.h"
+
+#include <QFile>
+#include <sqlite3.h>
+
+using namespace tesorel;
+using tesorel::testing_store::errorNumber;
+using tesorel::testing_store::SmallBase;
+
+namespace
+{
+
+QString pragma(Database &db, const char *name)
+{
+    sqlite3_stmt *stmt = nullptr;
+    sqlite3_prepare_v2(db.handle(), QByteArray("PRAGMA ").append(name).constData(), -1, &stmt, nullptr);
+    sqlite3_step(stmt);
+    const QString value = QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(stmt, 0)));
+    sqlite3_finalize(stmt);
+    return value;
+}
+
+TEST(Database, MissingFileIs3024AndCreatesNothing)
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("base1.mdb"));
+    try {
+        Database::open(path);
+        FAIL();
+    } catch (const RuntimeError &e) {
+        EXPECT_EQ(e.number(), err::DatabaseFileNotFound);
+        EXPECT_EQ(e.description(), QStringLiteral("No se encuentra el archivo '%1'.").arg(path));
+    }
+    EXPECT_FALSE(QFile::exists(path));
+}
+
+TEST_F(SmallBase, OpensWithWalAndNormalSync)
+{
+    base.reset();
+    auto reopened = Database::open(path);
+    EXPECT_EQ(pragma(*reopened, "journal_mode"), QStringLiteral("wal"));
+    EXPECT_EQ(pragma(*reopened, "synchronous"), QStringLiteral("1"));
+    EXPECT_EQ(pragma(*reopened, "foreign_keys"), QStringLiteral("0"));
+}
+
+TEST_F(SmallBase, ExecuteCountsChangedRows)
+{
+    fill(5);
+    EXPECT_EQ(base->execute(QStringLiteral("update quotes set ULTIMO = 1 where [valor] < 3")), 2);
+    EXPECT_EQ(base->execute(QStringLiteral("delete * from quotes where fecha = #03/04/24#")), 1);
+    EXPECT_EQ(base->execute(QStringLiteral("Delete * From QUOTES")), 4);
+}
+
+TEST_F(SmallBase, FailuresCarryTheEngineMessage)
+{
+    struct Case {
+        const char *statement;
+        int number;
+        QString message;
+    };
+    const Case cases[] = {
+        {"delete * from nada", 3078,
+         QStringLiteral(
+             "El motor de base de datos no puede encontrar la tabla o consulta de entrada 'nada'.")},
+        {"update quotes set NOMBRE = 'D'Oliveira' where VALOR = 1", err::SyntaxError,
+         QStringLiteral("Error de sintaxis en la expresión de consulta "
+                        "'update quotes set NOMBRE = 'D'Oliveira' where VALOR = 1'.")},
+        {"update quotes set NOMBRE = 'D'Oli'veira' where VALOR = 1", err::SyntaxError,
+         QStringLiteral("Error de sintaxis en la expresión de consulta "
+                        "'update quotes set NOMBRE = 'D'Oli'veira' where VALOR = 1'.")},
+        {"select * from quotes", 3065, QStringLiteral("No se puede ejecutar una consulta de selección.")},
+        {"update quotes set nada = 1", 3061, QStringLiteral("Pocos parámetros. Se esperaba 1.")},
+    };
+    for (const Case &c : cases) {
+        try {
+            base->execute(QString::fromUtf8(c.statement));
+            ADD_FAILURE() << "no failure: " << c.statement;
+        } catch (const RuntimeError &e) {
+            EXPECT_EQ(e.number(), c.number) << c.statement;
+            EXPECT_EQ(e.description(), c.message) << c.statement;
+        }
+    }
+}
+
+TEST_F(SmallBase, TransactionsNestAndRollBackWhole)
+{
+    EXPECT_FALSE(base->inTransaction());
+    base->beginTransaction();
+    base->beginTransaction();
+    base->execute(QStringLiteral("insert into Usuario (NOMBRE) values ('ana')"));
+    base->commit();
+    EXPECT_TRUE(base->inTransaction());
+    base->rollback();
+    EXPECT_FALSE(base->inTransaction());
+    EXPECT_TRUE(base->openRecordset(QStringLiteral("Usuario"))->Eof());
+
+    base->beginTransaction();
+    base->execute(QStringLiteral("insert into Usuario (NOMBRE) values ('eva')"));
+    base->commit();
+    EXPECT_EQ(base->openRecordset(QStringLiteral("Usuario"))->field(QStringLiteral("nombre")),
+              QVariant(QStringLiteral("eva")));
+    EXPECT_EQ(errorNumber([&] { base->commit(); }), 3034);
+    EXPECT_EQ(errorNumber([&] { base->rollback(); }), 3034);
+}
+
+TEST_F(SmallBase, LikeAndTextComparisonIgnoreCase)
+{
+    fill(3);
+    base->execute(QStringLiteral("insert into quotes (VALOR, NOMBRE) values (9, 'Telefónica')"));
+    struct Case {
+        const char *where;
+        long rows;
+    };
+    const Case cases[] = {{"NOMBRE LIKE '*TELEFÓ*'", 1}, {"NOMBRE LIKE 'valor ?'", 3},
+                          {"NOMBRE LIKE 'Valor #'", 3},  {"NOMBRE LIKE '[!v]*'", 1},
+                          {"nombre = 'VALOR 2'", 1},     {"NOMBRE LIKE '*%*'", 0}};
+    for (const Case &c : cases) {
+        auto rs =
+            base->openRecordset(QStringLiteral("select * from quotes where ") + QString::fromUtf8(c.where));
+        if (!rs->Eof())
+            rs->MoveLast();
+        EXPECT_EQ(rs->RecordCount(), c.rows) << c.where;
+    }
+}
+
+TEST(Database, LoadsTheProjectSchemaAndItsStoredQueries)
+{
+    QFile schema(QStringLiteral(TESOREL_SOURCE_DIR "/data/schema.sql"));
+    if (!schema.open(QIODevice::ReadOnly))
+        GTEST_SKIP() << "no schema yet";
+    auto db = Database::create(QStringLiteral(":memory:"));
+    db->executeNative(QString::fromUtf8(schema.readAll()));
+    db->execute(QStringLiteral("insert into bolsa (VALOR, FECHA, ULTIMO) values (1, #01/03/24#, 2)"));
+    db->execute(QStringLiteral("insert into bolsa (VALOR, FECHA, ULTIMO) values (2, #01-02-2024#, 3)"));
+    auto fechas = db->openRecordset(QStringLiteral("Select * From Fechas Order by Fecha"));
+    ASSERT_FALSE(fechas->Eof());
+    EXPECT_EQ(fechas->field(QStringLiteral("fecha")), QVariant(QDate(2024, 1, 2)));
+    auto ultimo = db->openRecordset(QStringLiteral("select * from Ultimodia"));
+    EXPECT_EQ(ultimo->field(0), QVariant(QDate(2024, 1, 3)));
+    EXPECT_NO_THROW(db->openRecordset(QStringLiteral("los que mas suben")));
+}
+
+} // namespace
