@@ -1,0 +1,169 @@
+#include "store/helpers.h"
+
+#include "core/format.h"
+#include "core/numbers.h"
+#include "store/database.h"
+#include "store/jet_sql.h"
+#include "store/recordset.h"
+#include "store/session.h"
+
+namespace tesorel {
+
+QString Texto_Nulo(const QVariant &value)
+{
+    if (!value.isValid() || value.isNull())
+        return {};
+    switch (value.typeId()) {
+    case QMetaType::Double:
+    case QMetaType::Float:
+        return CStr(value.toDouble());
+    case QMetaType::QDate:
+        return Format(value.toDate(), "dd/mm/yyyy");
+    case QMetaType::Bool:
+        return value.toBool() ? QStringLiteral("Verdadero") : QStringLiteral("Falso");
+    default:
+        return value.toString();
+    }
+}
+
+QString Reemplazar_Todo(QString &text, const QString &searched, const QString &replacement)
+{
+    if (searched.isEmpty())
+        return text;
+    // Each search starts again from the beginning, as the routine always did.
+    for (qsizetype at = text.indexOf(searched); at >= 0; at = text.indexOf(searched))
+        text.replace(at, searched.size(), replacement);
+    return text;
+}
+
+QString Reemplazar_Primero(QString &text, const QString &searched, const QString &replacement)
+{
+    if (text.isEmpty() || searched.isEmpty())
+        return text;
+    const qsizetype at = text.indexOf(searched);
+    if (at >= 0)
+        text.replace(at, searched.size(), replacement);
+    return text;
+}
+
+QString Numero_Sql(double value)
+{
+    return Str(value);
+}
+
+void Abrir_Empresas(Session &s)
+{
+    s.Tabla_Empresas = s.Base_Datos->openRecordset("Codigo_empresas");
+    s.empresas.clear();
+    Recordset &rs = *s.Tabla_Empresas;
+    if (rs.Eof())
+        return;
+    for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext()) {
+        Empresa e;
+        e.codigo = rs.field("Codigo").toDouble();
+        e.nombre = Texto_Nulo(rs.field("NOMBRE"));
+        e.abreviatura3 = Texto_Nulo(rs.field("ABREVIATURA3"));
+        e.abreviatura11 = Texto_Nulo(rs.field("ABREVIATURA11"));
+        e.invertia = Texto_Nulo(rs.field("Invertia"));
+        s.empresas.add(e);
+    }
+    rs.MoveFirst();
+}
+
+QString Abreviatura3_De(Session &s, double code)
+{
+    const int row = s.empresas.buscarCodigo(code);
+    return row < 0 ? QString() : s.empresas.filas[row].abreviatura3;
+}
+
+QString Abreviatura11_De(Session &s, double code)
+{
+    // A portfolio code first answers "CARTERA", then is looked up like any
+    // other and, not being in the table, answers "".
+    const int row = s.empresas.buscarCodigo(code);
+    return row < 0 ? QString() : s.empresas.filas[row].abreviatura11;
+}
+
+QString Nombre_De(Session &s, const QVariant &code)
+{
+    if (!code.isValid() || code.isNull() || Texto_Nulo(code).isEmpty())
+        return {};
+    const double value = code.toDouble();
+    if (value > 34000)
+        return "CARTERA " + s.Nombre_Usuario;
+    const int row = s.empresas.buscarCodigo(value);
+    return row < 0 ? QString() : s.empresas.filas[row].nombre;
+}
+
+double Codigo_De(Session &s, const QString &name, double kind)
+{
+    if (name.left(7).toUpper() == "CARTERA")
+        return 34000 + s.Usuario_Numero;
+
+    IndiceEmpresas &idx = s.empresas;
+    int row = idx.ultima;
+    const bool searches = kind == 1 || kind == 2 || kind == 3;
+    if (searches && name.contains('\'')) {
+        // The quote breaks the search statement: the failure is reported
+        // and the outcome stays that of the search before.
+        s.Registrar_Error(RuntimeError(err::SyntaxError, jet::syntaxMessage(name)));
+    } else if (kind == 1)
+        row = idx.buscar(idx.porNombre, name);
+    else if (kind == 2)
+        row = idx.buscar(idx.porAbreviatura11, name);
+    else if (kind == 3)
+        row = idx.buscar(idx.porAbreviatura3, name);
+    if (row < 0)
+        return 0;
+
+    const Empresa &e = idx.filas[row];
+    s.Codigo_Invertia = e.invertia;
+    s.Abreviatura_Actual = e.abreviatura3;
+    return e.codigo;
+}
+
+double Alta_Empresa(Session &s, const QString &name)
+{
+    auto next = s.Base_Datos->openRecordset("select max(codigo)+1 as sigue from codigo_empresas");
+    const double sigue = next->field("sigue").toDouble();
+
+    Recordset &rs = *s.Tabla_Empresas;
+    rs.AddNew();
+    rs.setField("codigo", sigue);
+    rs.setField("NOMBRE", name);
+    rs.setField("ABREVIATURA11", name);
+    rs.Update();
+
+    Empresa e;
+    e.codigo = sigue;
+    e.nombre = name;
+    e.abreviatura11 = name;
+    s.empresas.add(e);
+
+    return next->field("sigue").toDouble();
+}
+
+bool Es_Favorito(Session &s, double code)
+{
+    auto rs = s.Base_Datos->openRecordset("select * from faboritos");
+    rs->FindFirst("valor = " + Str(code) + " and usuario =" + Str(s.Usuario_Numero));
+    return !rs->NoMatch();
+}
+
+QString Web_Empresa(Session &s, double code)
+{
+    auto rs = s.Base_Datos->openRecordset(
+        "SELECT Codigo_Empresas.Codigo, Codigo_Empresas.Abreviatura11, www.Campo3 AS web, www.Web AS webempresa "
+        "FROM Codigo_Empresas INNER JOIN www ON Codigo_Empresas.Nombre = www.Campo2");
+    rs->FindFirst("codigo = " + Str(code));
+    if (rs->NoMatch())
+        return {};
+    return Texto_Nulo(rs->field("WebEmpresa"));
+}
+
+QString Url_La_Bolsa(Session &s, double code)
+{
+    return s.hostLaBolsa + "/mercado/?s=" + Abreviatura3_De(s, code);
+}
+
+} // namespace tesorel

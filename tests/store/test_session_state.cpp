@@ -1,0 +1,208 @@
+#include <gtest/gtest.h>
+
+#include <QFile>
+
+#include "store/coleccion.h"
+#include "store/error_routine.h"
+#include "store/helpers.h"
+#include "store/quote_cursor.h"
+#include "store/recordset.h"
+#include "store/session.h"
+#include "store/ui.h"
+#include "support/test_base.h"
+
+using namespace tesorel;
+
+namespace {
+
+TEST(RecordSeto, BoundsAreTestedOnlyByTheFields)
+{
+    RecordSeto rs;
+    rs.setRecordcount(0);
+    rs.Movefirst();
+    EXPECT_TRUE(rs.Eof());
+    EXPECT_THROW(rs.Ultimo(), RuntimeError);
+
+    rs.setRecordcount(2.5); // rounds half to even
+    EXPECT_EQ(rs.recordcount(), 2);
+    rs.setRecordcount(3.5);
+    EXPECT_EQ(rs.recordcount(), 4);
+
+    rs.MoveLast();
+    EXPECT_FALSE(rs.Eof());
+    rs.setUltimo(7.5);
+    rs.Movenext();
+    EXPECT_TRUE(rs.Eof());
+    EXPECT_THROW(rs.setUltimo(1), RuntimeError);
+    rs.MovePrevious();
+    EXPECT_EQ(rs.Ultimo(), 7.5);
+    rs.Movefirst();
+    rs.MovePrevious();
+    EXPECT_EQ(rs.AbsolutePosition(), 0);
+    EXPECT_THROW(rs.Fecha(), RuntimeError);
+
+    rs.setRecordcount(4); // earlier contents are lost
+    rs.MoveLast();
+    EXPECT_EQ(rs.Ultimo(), 0);
+}
+
+TEST(RecordSeto, FillReadsEachFieldByItsOwnRule)
+{
+    tesorel::testing::TestBase base;
+    base.db->execute("insert into bolsa (valor, fecha, anterior, ultimo, dif, volumen, maximo, minimo, efect) "
+                     "values (7, #03/04/24#, 10, 10.5, 5, 1500, 10.75, 9.875, 15750.5)");
+    base.db->execute("insert into bolsa (valor, fecha, anterior, ultimo, dif, volumen, maximo, minimo, efect) "
+                     "values (7, #03-01-2024#, 9.5, 10, null, 2000.75, 10, 9.5, 1.5E-07)");
+    base.db->execute("insert into bolsa (valor, fecha, ultimo) values (7, null, 0.1)");
+    auto rs = base.db->openRecordset("Select * from bolsa where valor = 7 order by fecha");
+
+    RecordSeto cursor;
+    cursor.fillFrom(*rs);
+    ASSERT_EQ(cursor.recordcount(), 3);
+
+    cursor.Movefirst(); // the null date sorts first and stays empty
+    EXPECT_FALSE(cursor.Fecha().isValid());
+    EXPECT_EQ(cursor.Ultimo(), 0.1);
+    EXPECT_EQ(cursor.Volumen(), 0);
+
+    cursor.Movenext();
+    EXPECT_EQ(cursor.Fecha(), QDate(2024, 3, 1));
+    EXPECT_EQ(cursor.Dif(), 0); // null change
+    EXPECT_EQ(cursor.Anterior(), 9.5);
+    // Volumes pass through the screen's text and the point rule: the
+    // decimal comma ends the number.
+    EXPECT_EQ(cursor.Volumen(), 2000);
+    EXPECT_EQ(cursor.Efect(), 1); // "1,5E-07" reads as 1
+
+    cursor.Movenext();
+    EXPECT_EQ(cursor.Fecha(), QDate(2024, 3, 4));
+    EXPECT_EQ(cursor.Valor(), 7);
+    EXPECT_EQ(cursor.Ultimo(), 10.5);
+    EXPECT_EQ(cursor.Maximo(), 10.75);
+    EXPECT_EQ(cursor.minimo(), 9.875);
+    EXPECT_EQ(cursor.Dif(), 5);
+    EXPECT_EQ(cursor.Efect(), 15750);
+    cursor.Movenext();
+    EXPECT_TRUE(cursor.Eof());
+}
+
+struct Item {
+    int id;
+};
+
+TEST(Coleccion, AppendsCountButPlacesDoNot)
+{
+    Coleccion<Item> c;
+    c.Add(std::make_shared<Item>(Item{9}), 5);
+    EXPECT_EQ(c.Count(), 0);
+    EXPECT_EQ(c.Item(5), nullptr);
+
+    c.Add(std::make_shared<Item>(Item{1}));
+    c.Add(std::make_shared<Item>(Item{2}), 0);
+    EXPECT_EQ(c.Count(), 2);
+    EXPECT_EQ(c.Item(2)->id, 2);
+    c.Add(std::make_shared<Item>(Item{3}), 1);
+    EXPECT_EQ(c.Item(1)->id, 3);
+    EXPECT_EQ(c.Count(), 2);
+
+    EXPECT_THROW(c.Item(0), RuntimeError);
+    EXPECT_THROW(c.Add(nullptr, 1001), RuntimeError);
+    EXPECT_EQ(c.Item(3), nullptr);
+}
+
+TEST(Texts, ReplaceAllStartsAgainAfterEachReplacement)
+{
+    QString t = "a--b--c";
+    EXPECT_EQ(Reemplazar_Todo(t, "--", "-"), "a-b-c");
+    EXPECT_EQ(t, "a-b-c");
+    QString shrinking = "xxxx";
+    EXPECT_EQ(Reemplazar_Todo(shrinking, "xx", "x"), "x"); // a fresh search each time
+
+    QString first = "1.234.567";
+    EXPECT_EQ(Reemplazar_Primero(first, ".", ""), "1234.567");
+    EXPECT_EQ(first, "1234.567");
+    QString none = "abc";
+    EXPECT_EQ(Reemplazar_Primero(none, "z", "y"), "abc");
+    QString empty;
+    EXPECT_EQ(Reemplazar_Primero(empty, "a", "b"), "");
+}
+
+TEST(Texts, TextoNuloWritesAsTheScreenDoes)
+{
+    EXPECT_EQ(Texto_Nulo(QVariant()), "");
+    EXPECT_EQ(Texto_Nulo(12.5), "12,5");
+    EXPECT_EQ(Texto_Nulo(qlonglong(34001)), "34001");
+    EXPECT_EQ(Texto_Nulo(QDate(2024, 3, 4)), "04/03/2024");
+    EXPECT_EQ(Texto_Nulo(QString("x")), "x");
+}
+
+class ErrorReporting : public ::testing::Test {
+protected:
+    QTemporaryDir dir;
+    ScriptedUi ui;
+    Session s{ui, dir.path()};
+    RuntimeError failure{3021, "No hay registro activo."};
+
+    QString log() const
+    {
+        QFile f(dir.path() + "/error.txt");
+        return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()) : QString("(none)");
+    }
+};
+
+TEST_F(ErrorReporting, SilentWhileTheMarkIsTheRemembered)
+{
+    s.Registrar_Error(failure);
+    EXPECT_TRUE(ui.messages.empty());
+    EXPECT_EQ(log(), "(none)");
+}
+
+TEST_F(ErrorReporting, AfterTheMarkChangesIgnoreSilencesTheRestOfTheSession)
+{
+    s.Ubicacion_Error = 200204;
+    ui.answers = {mb::Ignore};
+    s.Registrar_Error(failure);
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].prompt, "3021 No hay registro activo.");
+    EXPECT_EQ(ui.messages[0].title, "Atención");
+    EXPECT_EQ(ui.messages[0].style, 18);
+    EXPECT_TRUE(log().contains(",3021,\"No hay registro activo.\",200204"));
+
+    s.Registrar_Error(RuntimeError(6, "Desbordamiento"));
+    EXPECT_EQ(ui.messages.size(), 1u);
+    EXPECT_FALSE(ui.ended);
+}
+
+TEST_F(ErrorReporting, RetryShowsAgainAndAbortEnds)
+{
+    s.Ubicacion_Error = 1;
+    ui.answers = {mb::Retry, mb::Abort};
+    s.Registrar_Error(failure);
+    EXPECT_FALSE(ui.ended);
+    s.Registrar_Error(RuntimeError(6, "Desbordamiento"));
+    EXPECT_EQ(ui.messages.size(), 2u);
+    EXPECT_TRUE(ui.ended);
+    EXPECT_TRUE(log().contains(",6,\"Desbordamiento\",1")); // only the last failure
+    EXPECT_FALSE(log().contains("3021"));
+}
+
+TEST(ErrorRecord, FieldsInTheirOrder)
+{
+    const QDateTime when(QDate(2026, 11, 23), QTime(9, 5, 7));
+    EXPECT_EQ(ErrorRoutine::registro(when, RuntimeError(13, "No coinciden los tipos"), 200204),
+              "\"23/11/2026\",\"09:05:07\",13,\"No coinciden los tipos\",200204");
+}
+
+TEST_F(ErrorReporting, AGuardedStepIsSkippedAndTheProcedureGoesOn)
+{
+    s.Ubicacion_Error = 3;
+    int done = 0;
+    EXPECT_FALSE(s.paso([&] { throw RuntimeError(11, "División por cero"); }));
+    EXPECT_FALSE(s.paso([&] { throw std::runtime_error("engine"); }));
+    EXPECT_TRUE(s.paso([&] { ++done; }));
+    EXPECT_EQ(done, 1);
+    EXPECT_EQ(ui.messages.size(), 2u);
+    EXPECT_EQ(ui.messages[1].prompt, "3000 engine");
+}
+
+} // namespace

@@ -1,0 +1,28 @@
+#pragma once
+#include <QFile>
+#include <QTemporaryDir>
+#include <memory>
+
+#include "store/database.h"
+
+namespace tesorel::testing {
+
+// A fresh base with the real schema in a temporary folder, which is also
+// the application folder of a test session.
+struct TestBase {
+    QTemporaryDir dir;
+    std::shared_ptr<Database> db;
+
+    TestBase()
+    {
+        db = Database::create(path());
+        QFile schema(TESOREL_SOURCE_DIR "/data/schema.sql");
+        if (!schema.open(QIODevice::ReadOnly))
+            throw std::runtime_error("data/schema.sql not found");
+        db->executeNative(QString::fromUtf8(schema.readAll()));
+    }
+    QString folder() const { return dir.path(); }
+    QString path() const { return dir.path() + "/base1.mdb"; }
+};
+
+} // namespace tesorel::testing
