@@ -1,0 +1,194 @@
+#include "market_fixture.h"
+
+#include "market/popup_menus.h"
+
+using namespace tesorel;
+using tesorel::testing::MarketTest;
+
+namespace
+{
+
+class Selection : public MarketTest
+{
+  protected:
+    QStringList calls;
+
+    void SetUp() override
+    {
+        MarketTest::SetUp();
+        Ganchos &g = nav->seleccion.ganchos;
+        g.Generar_Serie_Cartera = [this](double modo) { calls << QString("serie %1").arg(modo); };
+        g.QuitarVerOperaciones = [this] { calls << "quitar:" + nav->busqueda.buscar(); };
+        g.DibujarGrafica = [this] { calls << QString("dibujar %1").arg(nav->seleccion.Codigo_Valor); };
+        g.Pesta = [this] { calls << "pesta"; };
+    }
+};
+
+TEST_F(Selection, AClickSelectsTheEntrysValueAndRunsTheStepsInOrder)
+{
+    nav->lista.todos();
+    click(2);
+    EXPECT_EQ(nav->seleccion.Text1(), "TELEFONICA");
+    EXPECT_EQ(nav->seleccion.Codigo_Valor, 11);
+    EXPECT_EQ(calls, (QStringList{"quitar:", "dibujar 11", "pesta"}));
+}
+
+TEST_F(Selection, ThePortfolioEntryBringsItsSeriesUpToDateFirst)
+{
+    nav->lista.Cartera();
+    click(2);
+    EXPECT_EQ(nav->seleccion.Text1(), "CARTERA ana");
+    EXPECT_EQ(nav->seleccion.Codigo_Valor, 34001);
+    EXPECT_EQ(calls, (QStringList{"serie 1", "quitar:", "dibujar 34001", "pesta"}));
+}
+
+TEST_F(Selection, AClickWithNoEntrySelectedIsSkipped)
+{
+    nav->lista.todos();
+    click(0);
+    calls.clear();
+    nav->notas.Comentario = "sube";
+    click(-1);
+    EXPECT_EQ(nav->seleccion.Text1(), "REPSOL");
+    EXPECT_TRUE(calls.isEmpty());
+    EXPECT_EQ(cuenta("select count(*) from comentarios where codigo = 12"), 1); // the note was still saved
+}
+
+TEST_F(Selection, TheSameValueAgainIsNoChange)
+{
+    nav->seleccion.setText1("REPSOL");
+    calls.clear();
+    nav->seleccion.setText1("REPSOL");
+    EXPECT_TRUE(calls.isEmpty());
+}
+
+TEST_F(Selection, AbsentHooksDoNothing)
+{
+    nav->seleccion.ganchos = {};
+    nav->seleccion.setText1("CARTERA ana");
+    nav->seleccion.setText1("TELEFONICA");
+    EXPECT_EQ(nav->seleccion.Codigo_Valor, 11);
+}
+
+TEST_F(Selection, SelectingEmptiesTheSearchAndAResultListGoesAway)
+{
+    nav->lista.ibex();
+    nav->busqueda.setBuscar("BANCO");
+    nav->busqueda.buscar_Return();
+    ASSERT_EQ(nav->lista.Titul, "Resultados");
+    click(1);
+    EXPECT_EQ(nav->seleccion.Text1(), "BANCO SABADELL");
+    EXPECT_EQ(nav->busqueda.buscar(), "");
+    EXPECT_EQ(nav->lista.Titul, "Ibex");
+    EXPECT_EQ(calls.first(), "quitar:BANCO"); // the operation marks go before the box is emptied
+}
+
+struct LinkCase {
+    const char *name;
+    const char *text1;
+    bool laWEB, bolsa, invertia;
+    const char *web;
+};
+
+TEST_F(Selection, LinksAreShownByTheirAddresses)
+{
+    const LinkCase cases[] = {
+        {"own site and Invertia", "TELEFONICA", true, true, true, "http://www.telefonica.test"},
+        {"no www row, no Invertia id", "REPSOL", false, true, false, ""},
+        {"Invertia id, no www row", "BANCO SABADELL", false, true, true, ""},
+        // Not found: Codigo_De leaves the identifier of the value before.
+        {"portfolio after a value with id", "CARTERA ana", false, true, true, ""},
+    };
+    for (const LinkCase &c : cases) {
+        SCOPED_TRACE(c.name);
+        nav->seleccion.setText1(c.text1);
+        const EnlacesValor &e = nav->seleccion.enlaces;
+        EXPECT_EQ(e.laWEB, c.laWEB);
+        EXPECT_EQ(e.BolsaMadrid, c.bolsa);
+        EXPECT_EQ(e.Invertia, c.invertia);
+        EXPECT_EQ(e.direccionWeb, c.web);
+    }
+}
+
+TEST_F(Selection, TheLinkLabelsOpenTheirAddresses)
+{
+    nav->ajustes.hostInvertia = "http://127.0.0.1:8001";
+    nav->ajustes.webPrograma = "http://127.0.0.1:8002/";
+    nav->ajustes.correoSugerencias = "buzon@localhost";
+    nav->seleccion.setText1("TELEFONICA");
+    nav->laWEB_Click();
+    nav->BolsaMadrid_Click();
+    nav->Invertia_Click();
+    nav->titular_Click();
+    nav->Sugiere_Click();
+    EXPECT_EQ(ui.opened, (QStringList{"http://www.telefonica.test", "http://127.0.0.1:9/mercado/?s=TEF",
+                                      "http://127.0.0.1:8001/empresas/empresa.asp?idtel=RV011TEF",
+                                      "http://127.0.0.1:8002/", "mailto:buzon@localhost"}));
+}
+
+TEST(EnlaceDireccion, TakesTheAddressOutOfAHyperlinkField)
+{
+    const struct {
+        const char *campo, *direccion;
+    } cases[] = {
+        {"www.telefonica.com#http://www.telefonica.com#", "http://www.telefonica.com"},
+        {"http://www.plain.com", ""},
+        {"", ""},
+        {"#http://a.b#", "http://a.b"},
+        {"texto#http://a.b/#x#sub", "http://a.b/xsub"}, // every later # is left out
+        {"texto#", ""},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(Enlace_Direccion(c.campo), c.direccion) << c.campo;
+}
+
+TEST_F(Selection, DroppingTheLastDateOnTheImageAsksAndDeletesThatDay)
+{
+    ui.answers = {mb::No, mb::Yes};
+    const QDate dia(2024, 3, 15);
+    nav->seleccion.Image1_DragDrop("Fecha_Fin", dia);
+    EXPECT_EQ(cuenta("select count(*) from bolsa where fecha = #03-15-2024#"), 4);
+    nav->seleccion.Image1_DragDrop("Fecha_Fin", dia);
+    EXPECT_EQ(cuenta("select count(*) from bolsa where fecha = #03-15-2024#"), 0);
+    EXPECT_EQ(cuenta("select count(*) from bolsa"), 2);
+
+    ASSERT_EQ(ui.messages.size(), 2u);
+    EXPECT_EQ(ui.messages[0].prompt, "¿ Deseas borrar cotizaciones del día 15/03/2024 ?");
+    EXPECT_EQ(ui.messages[0].style, 36);
+    EXPECT_EQ(ui.messages[0].title, "Atención");
+    EXPECT_TRUE(calls.isEmpty()); // nothing is redrawn
+}
+
+TEST_F(Selection, DroppingAnyOtherControlDoesNothing)
+{
+    ui.answers = {mb::Yes};
+    nav->seleccion.Image1_DragDrop("Fecha_Inicio", QDate(2024, 3, 15));
+    EXPECT_TRUE(ui.messages.empty());
+    EXPECT_EQ(cuenta("select count(*) from bolsa"), 6);
+}
+
+TEST(PopupMenus, ARightClickOpensTheMenuOfTheControl)
+{
+    const struct {
+        const char *control;
+        int boton;
+        MenuEmergente menu;
+    } cases[] = {
+        {"List1", 2, MenuEmergente::menu_filtro},        {"Titul", 2, MenuEmergente::menu_filtro},
+        {"Titulo", 2, MenuEmergente::menu_popup_Accion}, {"List1", 1, MenuEmergente::Ninguno},
+        {"Titulo", 1, MenuEmergente::Ninguno},           {"buscar", 2, MenuEmergente::Ninguno},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(MenuAlPulsar(c.control, c.boton), c.menu) << c.control << " " << c.boton;
+
+    EXPECT_EQ(CaptionMenu(MenuEmergente::menu_filtro), "&Ver Valores");
+    const auto filtro = ElementosMenu(MenuEmergente::menu_filtro);
+    ASSERT_EQ(filtro.size(), 7u);
+    EXPECT_EQ(filtro[0].nombre, "menu_todos");
+    EXPECT_EQ(filtro[6].nombre, "menu_categorias_Globales");
+    const auto accion = ElementosMenu(MenuEmergente::menu_popup_Accion);
+    ASSERT_EQ(accion.size(), 4u);
+    EXPECT_EQ(accion[2].caption, "Añadir a &seguimiento");
+}
+
+} // namespace
