@@ -20,6 +20,7 @@ struct Command {
 
 int makebaseCommand(const QStringList &args);
 int sqlCommand(const QStringList &args);
+int chartCommand(const QStringList &args);
 
 // Prints the usage text on stderr and returns kUsage.
 int usage();

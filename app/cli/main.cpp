@@ -3,9 +3,12 @@
 #include "core/runtime_error.h"
 
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <cstdio>
+#include <cstring>
 #include <exception>
 #include <iterator>
+#include <memory>
 
 namespace tesorel::cli
 {
@@ -18,6 +21,11 @@ const Command kCommands[] = {
     {"makebase", "makebase OUT [--sample] [--data DIR]   build a new base from the data folder",
      makebaseCommand},
     {"sql", "sql BASE STATEMENT                       run one statement, print its rows", sqlCommand},
+    {"chart",
+     "chart BASE NAME --png OUT [--csv OUT] [--user N] [--days N] [--candle] [--log] [--splits] [--indicator "
+     "0-3] "
+     "[--mediat A,B] [--operations]   draw a value's charts",
+     chartCommand},
 };
 
 } // namespace
@@ -41,8 +49,13 @@ int reportFailure(int number, const QString &message)
 int main(int argc, char *argv[])
 {
     using namespace tesorel::cli;
-    QCoreApplication app(argc, argv);
-    QStringList args = app.arguments();
+    // Drawing needs fonts, and so a GUI application, offscreen.
+    const bool dibuja = argc > 1 && std::strcmp(argv[1], "chart") == 0;
+    if (dibuja && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    std::unique_ptr<QCoreApplication> app(dibuja ? new QGuiApplication(argc, argv)
+                                                 : new QCoreApplication(argc, argv));
+    QStringList args = app->arguments();
     args.removeFirst();
     if (args.isEmpty())
         return usage();

@@ -411,7 +411,20 @@ struct Recordset::Impl {
         return rc == SQLITE_ROW;
     }
 
+    // A search that fails leaves the match state of the search before, as
+    // the callers that go on after a failure rely on.
     void find(const QString &criteria, bool forward, bool fromEnd)
+    {
+        const bool before = noMatch;
+        try {
+            findOrThrow(criteria, forward, fromEnd);
+        } catch (...) {
+            noMatch = before;
+            throw;
+        }
+    }
+
+    void findOrThrow(const QString &criteria, bool forward, bool fromEnd)
     {
         const QString c = jet::translateCriteria(criteria);
         noMatch = true;

@@ -135,6 +135,14 @@ TEST_P(Navigation, FindFirstNextAndNoMatch)
 
     EXPECT_EQ(errorNumber([&] { rs->FindFirst(QStringLiteral("nombre = 'D'Oliveira'")); }), err::SyntaxError);
     EXPECT_NE(errorNumber([&] { rs->FindFirst(QStringLiteral("nada = 1")); }), 0);
+
+    // A failed search keeps the match state of the one before, both ways.
+    rs->FindFirst(QStringLiteral("valor = 2"));
+    EXPECT_NE(errorNumber([&] { rs->FindFirst(QStringLiteral("nombre = 'a'b' and valor = 'c'")); }), 0);
+    EXPECT_FALSE(rs->NoMatch());
+    rs->FindFirst(QStringLiteral("valor = 999"));
+    EXPECT_NE(errorNumber([&] { rs->FindFirst(QStringLiteral("nada = 1")); }), 0);
+    EXPECT_TRUE(rs->NoMatch());
 }
 
 TEST_P(Navigation, FilterThenOpenRecordset)

@@ -1,0 +1,19 @@
+#pragma once
+#include <QColor>
+#include <QString>
+
+class QWidget;
+
+namespace tesorel
+{
+
+// A colour as the program stores it: 24 bits, blue in the high byte.
+QColor ColorDe(int bgr);
+
+// Centres a window on its screen (the old Centrar_Formulario).
+void Centrar(QWidget *ventana);
+
+// The look of every window: DejaVu Sans, the dark blue header, light panels.
+QString HojaDeEstilo();
+
+} // namespace tesorel

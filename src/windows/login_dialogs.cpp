@@ -1,0 +1,343 @@
+#include "windows/login_dialogs.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "principal/principal.h"
+#include "windows/estilo.h"
+#include "windows/guarded.h"
+
+namespace tesorel
+{
+
+namespace
+{
+QPushButton *boton(const QString &nombre, const QString &texto, QWidget *padre)
+{
+    auto *b = new QPushButton(texto, padre);
+    b->setObjectName(nombre);
+    b->setAutoDefault(false);
+    b->setCursor(Qt::PointingHandCursor);
+    return b;
+}
+QLineEdit *campo(const QString &nombre, QWidget *padre, bool secreto = false)
+{
+    auto *e = new QLineEdit(padre);
+    e->setObjectName(nombre);
+    if (secreto)
+        e->setEchoMode(QLineEdit::Password);
+    return e;
+}
+} // namespace
+
+Form4Dialog::Form4Dialog(Session &s, std::function<void(const QString &)> ponerConfiguracion, QWidget *parent)
+    : QDialog(parent), s_(s)
+{
+    setObjectName("form4");
+    setWindowTitle(QStringLiteral("Tesorel"));
+    setModal(true);
+    modelo_ = std::make_unique<form4>(s, std::move(ponerConfiguracion), [this] {
+        NewUserDialog nuevo(s_, this);
+        nuevo.exec();
+    });
+
+    auto *marca = new QLabel(QStringLiteral("Tesorel"), this);
+    marca->setStyleSheet("font-size: 18pt; font-weight: bold; color: #16325c;");
+    List1_ = new QListWidget(this);
+    List1_->setObjectName("List1");
+    List1_->setMinimumHeight(150);
+    Clave_ = campo("Clave", this, true);
+    Check1_ = new QCheckBox(QStringLiteral("Permitir conexión a internet"), this);
+    Check1_->setObjectName("Check1");
+    auto *Entrar = boton("Entrar", QStringLiteral("Entrar"), this);
+    Entrar->setStyleSheet("background: #16325c; color: white; padding: 6px 18px; border-radius: 4px;");
+    auto *nuevo = boton("nuevo_usuario", QStringLiteral("Añadir Usuario"), this);
+    auto *Label1 = boton("Label1", QStringLiteral("Predeterminar Clave"), this);
+    auto *PredeUser = boton("PredeUser", QStringLiteral("Predeterminar Usuario"), this);
+    auto *Eliminar = boton("Eliminar", QStringLiteral("Eliminar"), this); // never had an action
+    auto *nota = new QLabel(QStringLiteral("Resolución Recomendada : 800x600 1024x768"), this);
+    nota->setStyleSheet("color: #6b7a8d; font-size: 8pt;");
+
+    auto *capa = new QVBoxLayout(this);
+    capa->addWidget(marca);
+    capa->addWidget(new QLabel(QStringLiteral("Usuario"), this));
+    capa->addWidget(List1_);
+    capa->addWidget(new QLabel(QStringLiteral("Clave"), this));
+    capa->addWidget(Clave_);
+    capa->addWidget(Check1_);
+    auto *fila = new QHBoxLayout;
+    fila->addWidget(nuevo);
+    fila->addWidget(Eliminar);
+    fila->addStretch();
+    fila->addWidget(Entrar);
+    capa->addLayout(fila);
+    auto *fila2 = new QHBoxLayout;
+    fila2->addWidget(PredeUser);
+    fila2->addWidget(Label1);
+    fila2->addStretch();
+    capa->addLayout(fila2);
+    capa->addWidget(nota);
+    resize(380, 420);
+
+    Clave_->installEventFilter(this);
+    connect(Entrar, &QPushButton::clicked, this, [this] { alPulsar([this] { modelo_->Entrar_Click(); }); });
+    connect(nuevo, &QPushButton::clicked, this,
+            [this] { alPulsar([this] { modelo_->nuevo_usuario_Click(); }); });
+    connect(Label1, &QPushButton::clicked, this, [this] { alPulsar([this] { modelo_->Label1_Click(); }); });
+    connect(PredeUser, &QPushButton::clicked, this,
+            [this] { alPulsar([this] { modelo_->PredeUser_Click(); }); });
+    connect(List1_, &QListWidget::itemClicked, this,
+            [this] { alPulsar([this] { modelo_->List1_Click(); }); });
+    connect(Check1_, &QCheckBox::clicked, this, [this] { alPulsar([this] { modelo_->Check1_Click(); }); });
+
+    guarded(s_, [this] { modelo_->Form_Load(); });
+    mostrar();
+    Clave_->setFocus();
+    Centrar(this);
+}
+
+Form4Dialog::~Form4Dialog() = default;
+
+void Form4Dialog::copiar()
+{
+    modelo_->List1_ListIndex = List1_->currentRow();
+    modelo_->Clave = Clave_->text();
+    modelo_->Check1 = Check1_->isChecked() ? 1 : 0;
+}
+
+void Form4Dialog::mostrar()
+{
+    mostrando_ = true;
+    if (List1_->count() != modelo_->List1.size() || [&] {
+            for (int i = 0; i < List1_->count(); ++i)
+                if (List1_->item(i)->text() != modelo_->List1.at(i))
+                    return true;
+            return false;
+        }()) {
+        List1_->clear();
+        List1_->addItems(modelo_->List1);
+    }
+    List1_->setCurrentRow(modelo_->List1_ListIndex);
+    if (Clave_->text() != modelo_->Clave)
+        Clave_->setText(modelo_->Clave);
+    Check1_->setChecked(modelo_->Check1 == 1);
+    if (modelo_->ClaveConFoco) {
+        Clave_->setFocus();
+        modelo_->ClaveConFoco = false;
+    }
+    mostrando_ = false;
+    if (modelo_->Descargado)
+        done(Accepted);
+}
+
+template <class Evento> void Form4Dialog::alPulsar(Evento &&evento)
+{
+    if (mostrando_)
+        return;
+    guarded(s_, [&] {
+        copiar();
+        evento();
+        mostrar();
+    });
+}
+
+bool Form4Dialog::eventFilter(QObject *objeto, QEvent *evento)
+{
+    if (objeto == Clave_ && evento->type() == QEvent::KeyPress) {
+        form4::Tecla tecla = form4::Tecla::Otra;
+        switch (static_cast<QKeyEvent *>(evento)->key()) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            tecla = form4::Tecla::Return;
+            break;
+        case Qt::Key_Escape:
+            tecla = form4::Tecla::Escape;
+            break;
+        case Qt::Key_Up:
+            tecla = form4::Tecla::Arriba;
+            break;
+        case Qt::Key_Down:
+            tecla = form4::Tecla::Abajo;
+            break;
+        default:
+            return false;
+        }
+        alPulsar([&] { modelo_->Clave_KeyDown(tecla); });
+        return true;
+    }
+    return QDialog::eventFilter(objeto, evento);
+}
+
+void Form4Dialog::reject()
+{
+    // Closing the window is the same as Escape: nobody logs in.
+    modelo_->Descargado = true;
+    QDialog::reject();
+}
+
+NewUserDialog::NewUserDialog(Session &s, QWidget *parent) : QDialog(parent), s_(s), modelo_(s)
+{
+    setObjectName("NewUser");
+    setWindowTitle(QStringLiteral("Nuevo usuario"));
+    NOMBRE_ = campo("NOMBRE", this);
+    Clave1_ = campo("Clave1", this, true);
+    Clave2_ = campo("Clave2", this, true);
+    auto *Aceptar = boton("Aceptar", QStringLiteral("Aceptar"), this);
+    auto *Cancelar = boton("Cancelar", QStringLiteral("Cancelar"), this);
+    auto *formulario = new QFormLayout;
+    formulario->addRow(QStringLiteral("Nombre"), NOMBRE_);
+    formulario->addRow(QStringLiteral("Clave"), Clave1_);
+    formulario->addRow(QStringLiteral("Reentrar clave"), Clave2_);
+    auto *botones = new QHBoxLayout;
+    botones->addStretch();
+    botones->addWidget(Aceptar);
+    botones->addWidget(Cancelar);
+    auto *capa = new QVBoxLayout(this);
+    capa->addLayout(formulario);
+    capa->addLayout(botones);
+    NOMBRE_->installEventFilter(this);
+    Clave1_->installEventFilter(this);
+    connect(Aceptar, &QPushButton::clicked, this, [this] {
+        guarded(s_, [this] {
+            modelo_.NOMBRE = NOMBRE_->text();
+            modelo_.Clave1 = Clave1_->text();
+            modelo_.Clave2 = Clave2_->text();
+            modelo_.Aceptar_Click();
+            if (modelo_.Descargado)
+                accept();
+        });
+    });
+    connect(Cancelar, &QPushButton::clicked, this, &QDialog::reject);
+    Centrar(this);
+}
+
+bool NewUserDialog::eventFilter(QObject *objeto, QEvent *evento)
+{
+    if (evento->type() == QEvent::KeyPress) {
+        const int tecla = static_cast<QKeyEvent *>(evento)->key();
+        if (tecla == Qt::Key_Return || tecla == Qt::Key_Enter) {
+            (objeto == NOMBRE_ ? Clave1_ : Clave2_)->setFocus();
+            return true;
+        }
+    }
+    return QDialog::eventFilter(objeto, evento);
+}
+
+DatosUsuarioDialog::DatosUsuarioDialog(Session &s, ProveedorCorreo proveedor, QWidget *parent)
+    : QDialog(parent), s_(s), modelo_(s, std::move(proveedor))
+{
+    setObjectName("DatosUsuario");
+    setWindowTitle(DatosUsuario::Caption);
+    NOMBRE_ = campo("NOMBRE", this);
+    Direccion_ = campo("Direccion", this);
+    email_ = campo("email", this);
+    Poblacion_ = campo("Poblacion", this);
+    CodigoPost_ = campo("CodigoPost", this);
+    Combo1_ = new QComboBox(this);
+    Combo1_->setObjectName("Combo1");
+    auto *formulario = new QFormLayout;
+    formulario->addRow(QStringLiteral("Nombre Usuario"), NOMBRE_);
+    formulario->addRow(QStringLiteral("Servidor Pop"), Direccion_);
+    formulario->addRow(QStringLiteral("E-mail"), email_);
+    formulario->addRow(QStringLiteral("Servidor Smtp"), Poblacion_);
+    formulario->addRow(QStringLiteral("Usuario"), CodigoPost_);
+    formulario->addRow(QStringLiteral("Configuracion automatica para :"), Combo1_);
+    auto *Aceptar = boton("Aceptar", QStringLiteral("Aceptar"), this);
+    auto *Cancelar = boton("Cancelar", QStringLiteral("Cancelar"), this);
+    auto *botones = new QHBoxLayout;
+    botones->addStretch();
+    botones->addWidget(Aceptar);
+    botones->addWidget(Cancelar);
+    auto *capa = new QVBoxLayout(this);
+    capa->addLayout(formulario);
+    capa->addLayout(botones);
+
+    Centrar(this);
+    guarded(s_, [this] { modelo_.Form_Load(); });
+    Combo1_->addItems(modelo_.Combo1);
+    mostrar();
+    connect(Combo1_, &QComboBox::activated, this, [this](int indice) {
+        guarded(s_, [&] {
+            copiar();
+            modelo_.Combo1_Click(Combo1_->itemText(indice));
+            mostrar();
+        });
+    });
+    connect(Aceptar, &QPushButton::clicked, this, [this] {
+        guarded(s_, [this] {
+            copiar();
+            modelo_.Aceptar_Click();
+            accept();
+        });
+    });
+    connect(Cancelar, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+void DatosUsuarioDialog::copiar()
+{
+    modelo_.NOMBRE = NOMBRE_->text();
+    modelo_.Direccion = Direccion_->text();
+    modelo_.email = email_->text();
+    modelo_.Poblacion = Poblacion_->text();
+    modelo_.CodigoPost = CodigoPost_->text();
+}
+
+void DatosUsuarioDialog::mostrar()
+{
+    NOMBRE_->setText(modelo_.NOMBRE);
+    Direccion_->setText(modelo_.Direccion);
+    email_->setText(modelo_.email);
+    Poblacion_->setText(modelo_.Poblacion);
+    CodigoPost_->setText(modelo_.CodigoPost);
+}
+
+NoHayDialog::NoHayDialog(const QString &directorio, std::function<void()> aceptar, QWidget *parent)
+    : QDialog(parent), aceptar_(std::move(aceptar))
+{
+    setObjectName("NoHay");
+    setWindowTitle(Principal::NoHay_Caption);
+    auto *mensaje = new QLabel(Principal::NoHay_Mensaje, this);
+    mensaje->setObjectName("Label1");
+    mensaje->setWordWrap(true);
+    auto *etiqueta = new QLabel(Principal::NoHay_EtiquetaDirectorio, this);
+    etiqueta->setObjectName("Label2");
+    auto *Directorio = new QLabel(directorio, this);
+    Directorio->setObjectName("Directorio");
+    Directorio->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    auto *donde = new QLabel(Principal::NoHay_Donde, this);
+    donde->setObjectName("Label3");
+    donde->setWordWrap(true);
+    auto *Command1 = boton("Command1", QStringLiteral("Aceptar"), this);
+    auto *fila = new QHBoxLayout;
+    fila->addWidget(etiqueta);
+    fila->addWidget(Directorio, 1);
+    auto *capa = new QVBoxLayout(this);
+    capa->addWidget(mensaje);
+    capa->addLayout(fila);
+    capa->addWidget(donde);
+    capa->addWidget(Command1, 0, Qt::AlignRight);
+    resize(520, 200);
+    Centrar(this);
+    connect(Command1, &QPushButton::clicked, this, [this] {
+        accept();
+        if (aceptar_)
+            aceptar_();
+    });
+}
+
+void NoHayDialog::reject()
+{
+    // Without the base there is nothing to go on with, however the window closes.
+    QDialog::reject();
+    if (aceptar_)
+        aceptar_();
+}
+
+} // namespace tesorel

@@ -1,0 +1,343 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QPointer>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTimer>
+#include <deque>
+#include <functional>
+
+#include "principal/comandos.h"
+#include "store/database.h"
+#include "store/recordset.h"
+#include "store/session.h"
+#include "store/ui.h"
+#include "support/test_base.h"
+#include "windows/principal_window.h"
+
+using namespace tesorel;
+
+// The font library keeps a cache for the life of the process; it is not ours to free.
+extern "C" const char *__lsan_default_suppressions()
+{
+    return "leak:libfontconfig\n";
+}
+
+namespace
+{
+
+QApplication &app()
+{
+    static int argc = 1;
+    static char name[] = "test_windows";
+    static char *argv[] = {name, nullptr};
+    // Never destroyed: tearing Qt's input devices down at exit crashes offscreen.
+    static QApplication *instance = new QApplication(argc, argv);
+    return *instance;
+}
+
+// Acts on the modal windows as they come up, in the order given. A window
+// that nobody expected is closed, so that a wrong order fails instead of hanging.
+class Guion
+{
+  public:
+    using Accion = std::function<void(QWidget *)>;
+    QStringList vistas;
+
+    Guion()
+    {
+        reloj_.setInterval(5);
+        QObject::connect(&reloj_, &QTimer::timeout, [this] { mirar(); });
+        reloj_.start();
+    }
+    void luego(const QString &ventana, Accion accion) { pasos_.push_back({ventana, std::move(accion)}); }
+    bool terminado() const { return pasos_.empty(); }
+
+  private:
+    struct Paso {
+        QString ventana;
+        Accion accion;
+    };
+    void mirar()
+    {
+        QWidget *w = QApplication::activeModalWidget();
+        if (ocupado_ || !w) {
+            espera_.invalidate();
+            return;
+        }
+        if (pasos_.empty() || w->objectName() != pasos_.front().ventana) {
+            if (!espera_.isValid())
+                espera_.start();
+            else if (espera_.elapsed() > 3000) {
+                vistas << "inesperada:" + w->objectName();
+                if (auto *d = qobject_cast<QDialog *>(w))
+                    d->reject();
+            }
+            return;
+        }
+        espera_.invalidate();
+        ocupado_ = true;
+        Paso paso = pasos_.front();
+        pasos_.pop_front();
+        vistas << w->objectName();
+        QPointer<QWidget> ventana = w;
+        // Out of the timer's slot: an action may open a modal window of its own.
+        QTimer::singleShot(0, [this, paso, ventana] {
+            ocupado_ = false;
+            if (ventana)
+                paso.accion(ventana);
+        });
+    }
+
+    std::deque<Paso> pasos_;
+    QTimer reloj_;
+    QElapsedTimer espera_;
+    bool ocupado_ = false;
+};
+
+template <class T> T *hijo(QWidget *w, const QString &nombre)
+{
+    T *c = w->findChild<T *>(nombre);
+    if (!c)
+        ADD_FAILURE() << "no control " << nombre.toStdString();
+    return c;
+}
+
+void tecla(QWidget *w, int key)
+{
+    QKeyEvent pulsar(QEvent::KeyPress, key, Qt::NoModifier);
+    QApplication::sendEvent(w, &pulsar);
+}
+
+// Chooses a user in the login window, types the password and presses Return.
+Guion::Accion entrar(const QString &usuario, const QString &clave)
+{
+    return [usuario, clave](QWidget *login) {
+        auto *lista = hijo<QListWidget>(login, "List1");
+        const auto items = lista->findItems(usuario, Qt::MatchExactly);
+        ASSERT_FALSE(items.isEmpty()) << usuario.toStdString();
+        lista->setCurrentItem(items.first());
+        auto *campo = hijo<QLineEdit>(login, "Clave");
+        campo->setText(clave);
+        tecla(campo, Qt::Key_Return);
+    };
+}
+
+struct Ventanas : ::testing::Test {
+    tesorel::testing::TestBase base;
+    void SetUp() override
+    {
+        app();
+        base.db->executeNative(
+            "INSERT INTO Codigo_Empresas VALUES (10, 'ACERINOX', 'ACX', 'ACERINOX', 'acx'),"
+            " (20, 'BANKINTER', 'BKT', 'BANKINTER', '');"
+            "INSERT INTO bolsa (VALOR, FECHA, ULTIMO) VALUES (10, '2024-05-02', 9), (10, '2024-05-03', 9.5),"
+            " (20, '2024-05-03', 6);"
+            "INSERT INTO Usuario (clave, NOMBRE, Password, Configuracion, Maximo_dias) VALUES"
+            " (1, 'ana', 'a1', '101103210', 200), (2, 'luis', 'l2', NULL, NULL), (3, 'eva', 'e3', '', 0);");
+    }
+};
+
+TEST_F(Ventanas, MissingBaseShowsNoHayAndNothingElse)
+{
+    ScriptedUi ui;
+    Session s(ui, base.folder());
+    Comandos comandos;
+    Guion guion;
+    QString directorio;
+    guion.luego("NoHay", [&](QWidget *w) {
+        directorio = hijo<QLabel>(w, "Directorio")->text();
+        EXPECT_EQ(w->windowTitle(), "Base de datos ausente...");
+        EXPECT_EQ(hijo<QLabel>(w, "Label1")->text(),
+                  QStringLiteral("El programa no puede localizar el archivo base1.mdb imprescindible para la "
+                                 "ejecución del programa."));
+        hijo<QPushButton>(w, "Command1")->click();
+    });
+    PrincipalWindow ventana(s, comandos, base.folder() + "/otra/base1.mdb");
+    ventana.mostrar();
+    EXPECT_EQ(ventana.ventanasMostradas(), QStringList{"NoHay"});
+    EXPECT_EQ(directorio, base.folder() + " ");
+    EXPECT_TRUE(ui.ended);
+    EXPECT_FALSE(ventana.isVisible());
+}
+
+TEST_F(Ventanas, LoginComesFirstAndOnlyOnce)
+{
+    ScriptedUi ui;
+    Session s(ui, base.folder());
+    Comandos comandos;
+    PrincipalWindow ventana(s, comandos);
+    EXPECT_TRUE(ventana.ventanasMostradas().isEmpty()); // Load shows nothing
+    Guion guion;
+    double usuarioDuranteLogin = -1;
+    QString valorDuranteLogin;
+    guion.luego("form4", [&](QWidget *w) {
+        usuarioDuranteLogin = s.Usuario_Numero;
+        valorDuranteLogin = ventana.modelo().Text1;
+        entrar("luis", "l2")(w);
+    });
+    ventana.mostrar();
+    EXPECT_EQ(guion.vistas, QStringList{"form4"});
+    EXPECT_EQ(usuarioDuranteLogin, 0);
+    EXPECT_FALSE(valorDuranteLogin.isEmpty()); // the random value is drawn before
+    EXPECT_EQ(s.Usuario_Numero, 2);
+    EXPECT_TRUE(ventana.isVisible());
+    EXPECT_TRUE(ventana.windowFlags() & Qt::FramelessWindowHint);
+    EXPECT_EQ(hijo<QLabel>(&ventana, "Version")->text(), QStringLiteral("Tesorel 2.007 - Revisión 0"));
+    EXPECT_EQ(hijo<QComboBox>(&ventana, "Valores")->currentIndex(), 0); // new user: "Todos"
+    for (int i = 1; i <= 5; ++i)
+        EXPECT_FALSE(hijo<QCheckBox>(&ventana, QString("Check2_%1").arg(i))->isChecked());
+
+    ventana.activar(); // back from another window
+    QApplication::processEvents();
+    EXPECT_EQ(ventana.ventanasMostradas(), QStringList{"form4"});
+    EXPECT_EQ(s.Usuario_Numero, 2);
+    EXPECT_EQ(hijo<QLineEdit>(&ventana, "Text1")->text(), valorDuranteLogin);
+    EXPECT_TRUE(ui.messages.empty());
+    ventana.close();
+}
+
+TEST_F(Ventanas, LoginKeys)
+{
+    ScriptedUi ui;
+    Session s(ui, base.folder());
+    Comandos comandos;
+    PrincipalWindow ventana(s, comandos);
+    Guion guion;
+    QList<int> filas;
+    guion.luego("form4", [&](QWidget *w) {
+        auto *lista = hijo<QListWidget>(w, "List1");
+        auto *campo = hijo<QLineEdit>(w, "Clave");
+        filas << lista->currentRow();
+        for (int k : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Down, Qt::Key_Up}) {
+            tecla(campo, k);
+            filas << lista->currentRow();
+        }
+        campo->setText("mal");
+        tecla(campo, Qt::Key_Return); // refused, the window stays
+        filas << (w->isVisible() ? 1 : 0);
+        tecla(campo, Qt::Key_Escape);
+    });
+    ventana.mostrar();
+    EXPECT_EQ(filas, QList<int>({0, 1, 2, 2, 1, 1}));
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].prompt, "Clave incorrecta, intentelo de nuevo");
+    EXPECT_EQ(s.Usuario_Numero, 0);
+    EXPECT_TRUE(ui.ended); // nobody logged in
+    EXPECT_TRUE(ventana.modelo().Terminado);
+}
+
+TEST_F(Ventanas, NewUserSettingsComeBackAfterARestart)
+{
+    {
+        ScriptedUi ui;
+        Session s(ui, base.folder());
+        Comandos comandos;
+        PrincipalWindow ventana(s, comandos);
+        Guion guion;
+        guion.luego("form4", [](QWidget *w) { hijo<QPushButton>(w, "nuevo_usuario")->click(); });
+        guion.luego("NewUser", [](QWidget *w) {
+            hijo<QLineEdit>(w, "NOMBRE")->setText("marta");
+            hijo<QLineEdit>(w, "Clave1")->setText("m1234");
+            hijo<QLineEdit>(w, "Clave2")->setText("m1234");
+            hijo<QPushButton>(w, "Aceptar")->click();
+        });
+        guion.luego("form4", entrar("marta", "m1234"));
+        ventana.mostrar();
+        ASSERT_TRUE(guion.terminado()) << guion.vistas.join(",").toStdString();
+        ASSERT_EQ(s.Nombre_Usuario, "marta");
+
+        hijo<QCheckBox>(&ventana, "Check2_3")->click();
+        hijo<QCheckBox>(&ventana, "Check2_5")->click();
+        hijo<QCheckBox>(&ventana, "MostrarOperaciones")->click();
+        auto *valores = hijo<QComboBox>(&ventana, "Valores");
+        valores->setCurrentIndex(1);
+        emit valores->activated(1);
+        hijo<QTabBar>(&ventana, QStringLiteral("Pestañas"))->setCurrentIndex(4); // "Momentum"
+        ventana.close();
+        EXPECT_TRUE(ui.messages.empty());
+    }
+    ScriptedUi ui;
+    Session s(ui, base.folder());
+    Comandos comandos;
+    QStringList listas;
+    comandos.registrar("ibex", [&] { listas << "ibex"; });
+    PrincipalWindow ventana(s, comandos);
+    Guion guion;
+    guion.luego("form4", entrar("marta", "m1234"));
+    ventana.mostrar();
+    EXPECT_EQ(ventana.modelo().grabar_configuracion(), "001011201");
+    EXPECT_TRUE(hijo<QCheckBox>(&ventana, "Check2_3")->isChecked());
+    EXPECT_FALSE(hijo<QCheckBox>(&ventana, "Check2_4")->isChecked());
+    EXPECT_TRUE(hijo<QCheckBox>(&ventana, "Check2_5")->isChecked());
+    EXPECT_TRUE(hijo<QCheckBox>(&ventana, "MostrarOperaciones")->isChecked());
+    EXPECT_EQ(hijo<QComboBox>(&ventana, "Valores")->currentText(), "Ibex");
+    EXPECT_EQ(listas, QStringList{"ibex"});
+    ventana.close();
+}
+
+TEST_F(Ventanas, MainWindowHasItsControlsAndMenusInOrder)
+{
+    ScriptedUi ui;
+    Session s(ui, base.folder());
+    Comandos comandos;
+    PrincipalWindow ventana(s, comandos);
+    for (const char *nombre : {"List1",
+                               "Titul",
+                               "Titulo",
+                               "buscar",
+                               "Text1",
+                               "Configuracion",
+                               "Picture1",
+                               "Picture2",
+                               "Picture3",
+                               "Pesta",
+                               "Valores",
+                               "Candle",
+                               "MostrarOperaciones",
+                               "Logaritmica",
+                               "Splita",
+                               "Mediat_1",
+                               "Mediat_2",
+                               "cerrar",
+                               "minimizar",
+                               "boton_Comprar",
+                               "Boton_Favorito",
+                               "LabelOnline",
+                               "IndicadorOnline",
+                               "Version"})
+        EXPECT_NE(ventana.findChild<QWidget *>(nombre), nullptr) << nombre;
+    EXPECT_FALSE(hijo<QLineEdit>(&ventana, "Text1")->isVisibleTo(&ventana));
+    EXPECT_EQ(hijo<QLineEdit>(&ventana, "Mediat_1")->text(), "30");
+    EXPECT_EQ(hijo<QLineEdit>(&ventana, "Mediat_2")->text(), "9");
+    auto *pestanas = hijo<QTabBar>(&ventana, QStringLiteral("Pestañas"));
+    QStringList captions;
+    for (int i = 0; i < pestanas->count(); ++i)
+        captions << pestanas->tabText(i);
+    EXPECT_EQ(captions, Principal::Pestanas_Caption);
+    EXPECT_EQ(pestanas->currentIndex(), 7);
+    QStringList menus;
+    for (QMenu *m : ventana.findChildren<QMenu *>(Qt::FindChildrenRecursively))
+        menus << m->objectName();
+    EXPECT_EQ(menus, QStringList({"menu_archivo", "menu_ibex2", "menu_filtro", "menu_ver", "Menu_Cartera_",
+                                  "menu_configurar", "menu_ayuda", "menu_popups", "menu_popup_Accion"}));
+    auto *filtro = ventana.findChild<QMenu *>("menu_filtro");
+    QStringList entradas;
+    for (QAction *a : filtro->actions())
+        entradas << a->text();
+    EXPECT_EQ(entradas,
+              QStringList({"Todos los Valores", QStringLiteral("Los que más suben"), "Ibex", "En &Cartera",
+                           "En &Seguimiento", "&Categorias Personales", "&Categorias Globales"}));
+}
+
+} // namespace
