@@ -2,6 +2,7 @@
 // reading one value's history, and adding rows through a recordset against
 // the raw engine.
 #include "store/database.h"
+#include "store/quote_cursor.h"
 #include "store/recordset.h"
 #include "support/full_base.h"
 
@@ -60,6 +61,24 @@ void BM_OpenOneValueAndWalkAllFields(benchmark::State &state)
     state.SetItemsProcessed(state.iterations() * rows);
 }
 BENCHMARK(BM_OpenOneValueAndWalkAllFields)->Unit(benchmark::kMillisecond);
+
+// The chart's copy of one value's series into the quote cursor, through the
+// recordset as the program has always done it (count after MoveLast, then
+// every row again).
+void BM_FillRecordSetoOneValue(benchmark::State &state)
+{
+    int value = 0;
+    RecordSeto cursor;
+    for (auto _ : state) {
+        value = value % bench::kFullBaseValues + 1;
+        auto rs = fullBase()->openRecordset(
+            QStringLiteral("Select * from bolsa where valor = %1 order by fecha").arg(value));
+        cursor.fillFrom(*rs);
+    }
+    state.counters["rows"] = cursor.recordcount();
+    state.SetItemsProcessed(state.iterations() * long(cursor.recordcount()));
+}
+BENCHMARK(BM_FillRecordSetoOneValue)->Unit(benchmark::kMillisecond);
 
 // Both ways of adding the same rows, in the same run, into fresh bases.
 void BM_AddNewVersusRawInsert(benchmark::State &state)

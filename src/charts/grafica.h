@@ -123,6 +123,7 @@ class grafica
     QDate fechaDe(double point) const;
     bool verticalDe(double point) const;
     static QDate fechaCero() { return QDate(1899, 12, 30); }
+    Surface *surfacePtr() const { return surface_; } // the picture box, if any
 
   private:
     void Trazar();

@@ -40,8 +40,12 @@ std::shared_ptr<Database> Database::openHandle(const QString &path, int flags)
     std::shared_ptr<Database> base(new Database(db, path));
     sqlite3_extended_result_codes(db, 1);
     sqlite3_busy_timeout(db, 2000);
+    // One value's rows lie scattered over the whole quote table: map the
+    // file and keep a large page cache, so that walking them costs memory
+    // reads and not a system call per page.
     base->executeNative(QStringLiteral("PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL; "
-                                       "PRAGMA foreign_keys=OFF;"));
+                                       "PRAGMA foreign_keys=OFF; PRAGMA mmap_size=1073741824; "
+                                       "PRAGMA cache_size=-65536;"));
     registerJetFunctions(db);
     return base;
 }

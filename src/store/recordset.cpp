@@ -69,6 +69,7 @@ struct Recordset::Impl {
     QHash<int, QVariant> buffer;
     bool noMatch = false;
     QString filter;
+    mutable QString rowSql; // the statement that reads a row again by rowid
 
     bool keyset() const { return plan.rowidOrder(); }
 
@@ -133,8 +134,9 @@ struct Recordset::Impl {
     // The fields of a row of the base table, read again by rowid.
     QVector<QVariant> readRow(qint64 id) const
     {
-        sqlite3_stmt *s = db->prepareCached(u"SELECT "_s + plan.columns + u" FROM "_s + plan.quotedTable() +
-                                            u" WHERE rowid = ?1"_s);
+        if (rowSql.isEmpty())
+            rowSql = u"SELECT "_s + plan.columns + u" FROM "_s + plan.quotedTable() + u" WHERE rowid = ?1"_s;
+        sqlite3_stmt *s = db->prepareCached(rowSql);
         sqlite3_bind_int64(s, 1, id);
         int rc;
         step(s, &rc);

@@ -1,0 +1,159 @@
+// DibujarGrafica end to end for a value of 6,000 days (split detection on,
+// the MACD), drawn at 1200x800, next to its floor measured in the same
+// run: a raw SQLite read of the same rows plus raw QPainter polylines of
+// the same points in device pixels with the same cosmetic pens.
+#include "charts/painter_surface.h"
+#include "charts/price_chart.h"
+#include "store/database.h"
+#include "store/helpers.h"
+#include "store/session.h"
+#include "store/ui.h"
+#include "support/full_base.h"
+
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+#include <benchmark/benchmark.h>
+#include <cmath>
+#include <sqlite3.h>
+#include <vector>
+
+using namespace tesorel;
+
+namespace
+{
+
+constexpr int kDias = 6000;
+constexpr int kW = 1200, kH = 800;
+
+// One value of 6,000 trading days quoted to three decimals, with a 2:1
+// split in the middle, in a base of its own.
+const QString &basePath()
+{
+    static const QString path = [] {
+        const QString p = bench::emptyBasePath();
+        auto db = Database::open(p);
+        db->executeNative(
+            QStringLiteral("INSERT INTO Codigo_Empresas VALUES (1,'BENCH','BEN','BENCH SA','b')"));
+        db->beginTransaction();
+        QDate d(2001, 1, 1);
+        double anterior = 0, cierre = 20;
+        quint32 seed = 7;
+        for (int i = 0; i < kDias; ++i, d = d.addDays(1)) {
+            seed = seed * 1664525u + 1013904223u;
+            const double antes = cierre;
+            cierre = std::round(std::max(1.0, cierre * (0.985 + (seed >> 8) % 301 / 10000.0)) * 1000) / 1000;
+            if (i == kDias / 2) {
+                anterior = std::round(antes / 2 * 1000) / 1000;
+                cierre = std::round(cierre / 2 * 1000) / 1000;
+            }
+            const double vol = 1000 + seed % 50000;
+            db->executeNative(
+                QStringLiteral("INSERT INTO bolsa VALUES (1,'%1',%2,%3,%4,%5,%6,%7,%8)")
+                    .arg(d.toString(Qt::ISODate))
+                    .arg(anterior)
+                    .arg(cierre)
+                    .arg(anterior ? std::round((cierre - anterior) * 10000 / anterior) / 100 : 0)
+                    .arg(vol)
+                    .arg(cierre + 0.05)
+                    .arg(cierre - 0.05)
+                    .arg(std::round(vol * cierre) / 1000));
+            anterior = cierre;
+        }
+        db->commit();
+        return p;
+    }();
+    return path;
+}
+
+struct Ventana {
+    ScriptedUi ui;
+    Session s{ui, QStringLiteral(".")};
+    PainterSurface p1{kW, kH}, p2{kW, 200}, p3{kW, 200};
+    GraficaPrincipal g{s};
+
+    explicit Ventana(double dias)
+    {
+        s.abrirBase(basePath());
+        Abrir_Empresas(s);
+        s.Maximo_Dias_Sesion = dias;
+        g.DefinirGraficas(&p1, &p2, &p3);
+        g.controles.Text1 = QStringLiteral("BENCH");
+        g.controles.Splita = 1;
+        g.controles.Indicador_Actual = QStringLiteral("0");
+    }
+    void dibujar()
+    {
+        g.DibujarGrafica();
+        benchmark::DoNotOptimize(p1.image().constBits());
+        benchmark::DoNotOptimize(p2.image().constBits());
+        benchmark::DoNotOptimize(p3.image().constBits());
+    }
+};
+
+// The largest window a chart holds: every row is read into the cursor and
+// 3,000 points are walked and drawn. (The whole 6,000 would pass the
+// chart's 3,000 points, a run-time failure of the window.)
+void BM_DibujarGrafica6000Dias(benchmark::State &state)
+{
+    Ventana v(2999);
+    for (auto _ : state)
+        v.dibujar();
+    state.counters["puntos"] = v.g.puntosEscritos();
+}
+BENCHMARK(BM_DibujarGrafica6000Dias)
+    ->Unit(benchmark::kMillisecond)
+    ->Repetitions(9)
+    ->ReportAggregatesOnly(true);
+
+// The floor: the rows as the engine gives them, and the price, volume and
+// indicator lines of the same points as device-pixel polylines.
+void BM_Suelo(benchmark::State &state)
+{
+    Ventana v(2999);
+    v.dibujar();
+    auto db = Database::open(basePath());
+    QImage i1(kW, kH, QImage::Format_RGB32), i2(kW, 200, QImage::Format_RGB32),
+        i3(kW, 200, QImage::Format_RGB32);
+    const int puntos = 2999;
+    for (auto _ : state) {
+        sqlite3_stmt *st = nullptr;
+        sqlite3_prepare_v2(db->handle(), "SELECT * FROM bolsa WHERE valor = 1 ORDER BY fecha", -1, &st,
+                           nullptr);
+        double suma = 0;
+        while (sqlite3_step(st) == SQLITE_ROW)
+            for (int c = 2; c < 9; ++c)
+                suma += sqlite3_column_double(st, c);
+        sqlite3_finalize(st);
+        benchmark::DoNotOptimize(suma);
+        auto polilineas = [&](QImage &img, const grafica &g, int sets, double lo, double hi) {
+            img.fill(Qt::white);
+            QPainter p(&img);
+            std::vector<QPointF> pts(puntos);
+            const double sx = img.width() / double(puntos - 1), sy = img.height() / (hi - lo);
+            for (int s = 1; s <= sets; ++s) {
+                for (int i = 0; i < puntos; ++i)
+                    pts[i] = QPointF(i * sx, img.height() - (g.valor(s, i + 1) - lo) * sy);
+                p.setPen(QPen(QColor(0, 0, 255), s == 4 || s == 7 || s == 8 ? 2 : 0));
+                p.drawPolyline(pts.data(), puntos);
+            }
+        };
+        polilineas(i1, v.g.GraficaPrecio, 8, v.g.minimoGrafica, v.g.maximoGrafica);
+        polilineas(i2, v.g.GraficaVolumen, 1, 0, 100000);
+        polilineas(i3, v.g.GraficaIndicador, 2, -1, 1);
+        benchmark::DoNotOptimize(i1.constBits());
+    }
+}
+BENCHMARK(BM_Suelo)->Unit(benchmark::kMillisecond)->Repetitions(9)->ReportAggregatesOnly(true);
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}

@@ -1,0 +1,467 @@
+#include "charts/price_chart.h"
+
+#include "charts/checked_math.h"
+#include "charts/maximos.h"
+#include "charts/mmedia.h"
+#include "charts/quote_loader.h"
+#include "charts/split.h"
+#include "charts/surface.h"
+#include "core/dates.h"
+#include "core/format.h"
+#include "core/numbers.h"
+#include "core/scale.h"
+#include "store/helpers.h"
+#include "store/session.h"
+
+#include <QElapsedTimer>
+#include <cmath>
+
+namespace tesorel
+{
+
+using namespace chartmath;
+
+double pasoLineasEscala(double r)
+{
+    if (r > 100)
+        return 20;
+    if (r > 60)
+        return 10;
+    if (r > 30)
+        return 5;
+    if (r > 20)
+        return 4;
+    if (r > 15)
+        return 2.5;
+    if (r > 10)
+        return 2;
+    if (r > 5)
+        return 1;
+    if (r > 2.5)
+        return 0.5;
+    if (r > 1.5)
+        return 0.25;
+    if (r > 1)
+        return 0.2;
+    if (r > 0.5)
+        return 0.1;
+    if (r > 0.25)
+        return 0.05;
+    if (r > 0.18)
+        return 0.04;
+    // The old ladder went on with tests that were always passed over; a
+    // narrow range ends in the finest step, the narrowest in a coarser one.
+    if (r >= 0.01)
+        return 0.0025;
+    return 0.01;
+}
+
+double ticksAutomaticos(double rango)
+{
+    // t = rango / (100 k) for k = 1, 2, ... until t < 20. Far ranges start
+    // the count near its end: the values before it are all 20 or more.
+    double k = std::max(1.0, std::floor(rango / 2000) - 2);
+    double t = 0;
+    do {
+        t = finite(rango / (100 * k));
+        k = k + 1;
+    } while (!(t < 20));
+    return std::floor(t);
+}
+
+GraficaPrincipal::GraficaPrincipal(Session &s)
+    : GraficaPrecio(&s.Logaritmica), GraficaVolumen(&s.Logaritmica), GraficaIndicador(&s.Logaritmica), s_(s)
+{
+}
+
+void GraficaPrincipal::DefinirGraficas(Surface *picture1, Surface *picture2, Surface *picture3)
+{
+    GraficaPrecio.tipo(2);
+    GraficaVolumen.tipo(2);
+    GraficaIndicador.tipo(2);
+    GraficaPrecio.ColorCuadricula(6332608);
+    GraficaVolumen.ColorCuadricula(8437952);
+
+    const double colores[8] = {16719920, 1127423, 192, 6736930, 16777215, 16777215, 4504439, 14729328};
+    const double gruesos[8] = {0, 0, 0, 1, 0, 0, 1, 1};
+    for (int set = 1; set <= 8; ++set) {
+        GraficaPrecio.ColorLinea(set, colores[set - 1]);
+        GraficaPrecio.GruesoLinea(set, gruesos[set - 1]);
+    }
+    GraficaVolumen.ColorLinea(1, 16724787);
+    GraficaVolumen.ColorLinea(2, 0);
+    GraficaIndicador.ColorLinea(1, kAzulOscuro);
+    GraficaIndicador.ColorLinea(2, kRojoOscuro);
+    GraficaIndicador.ColorLinea(3, 0);
+
+    GraficaPrecio.Picture(picture1);
+    GraficaVolumen.Picture(picture2);
+    GraficaIndicador.Picture(picture3);
+    GraficaPrecio.mascara(QStringLiteral("##0.##"));
+    GraficaVolumen.mascara(QStringLiteral("#####0"));
+}
+
+void GraficaPrincipal::cabecera()
+{
+    // The last record of the whole series, whatever the window.
+    RecordSeto &q = cursor_;
+    q.MoveLast();
+    const double dif = q.Dif();
+    etiquetas.porciento.texto = (dif > 0 ? QStringLiteral("+") : QString()) +
+                                Format(dif, QStringLiteral("#0.0")) + QStringLiteral(" %");
+    if (dif > 0)
+        etiquetas.porciento.color = kAzulOscuro;
+    else if (dif < 0)
+        etiquetas.porciento.color = kRojoOscuro;
+    etiquetas.Ultimo_Cierre.texto = Format(q.Ultimo(), QStringLiteral("##0.00")) + QStringLiteral(" €");
+
+    Etiqueta &p2 = etiquetas.Porciento_2;
+    if (q.Volumen() <= 0) {
+        p2 = Etiqueta{};
+        return;
+    }
+    const double a = divide(q.Efect(), q.Volumen());
+    if (q.AbsolutePosition() > 0)
+        q.MovePrevious();
+    // A series of one record reads here before its first: a run-time failure.
+    if (q.Volumen() == 0 || q.Efect() == 0) {
+        p2 = Etiqueta{};
+        return;
+    }
+    const double b = divide(q.Efect(), q.Volumen());
+    const double p = finite(divide(a, b) * 100 - 100);
+    if (p > 0)
+        p2.color = kAzulOscuro;
+    else if (p < 0)
+        p2.color = kRojoOscuro;
+    p2.texto =
+        (p > 0 ? QStringLiteral("+") : QString()) + Format(p, QStringLiteral("#0.00")) + QStringLiteral(" %");
+}
+
+void GraficaPrincipal::DibujarGrafica()
+{
+    // 1. A drawing can be asked for by events raised during a drawing.
+    if (dibujando_)
+        return;
+    dibujando_ = true;
+    QElapsedTimer reloj;
+    reloj.start();
+    etiquetas.Noticias.clear();
+    if (PonerQuitarF)
+        PonerQuitarF();
+    etiquetas.relojDeArena = true;
+    s_.Logaritmica = controles.Logaritmica == 1;
+    const ControlesGrafica &c = controles;
+
+    // 2.
+    Codigo_Valor = Codigo_De(s_, c.Text1, 1);
+    RecordSeto &q = cursor_;
+    cargarSerie(*s_.Base_Datos, Codigo_Valor, q);
+
+    DetectorSplits splits;
+    double primerCierre = 0, ultimoCierre = 0;
+    QDate fechaInicio = grafica::fechaCero(), fechaFin = grafica::fechaCero();
+    puntosEscritos_ = 0;
+
+    if (q.recordcount() < 1) {
+        // 3. The previous arrays are repainted without a range.
+        double cero = 0;
+        GraficaPrecio.YAxisMin(cero);
+        GraficaPrecio.YAxisStyle(1);
+    } else {
+        // 4.
+        q.MoveLast();
+        fechaFin = q.Fecha();
+        q.Movefirst();
+        // 5.
+        cabecera();
+
+        // 6. The window of dates.
+        q.Movefirst();
+        fechaInicio = q.Fecha();
+        const double cuenta = q.recordcount();
+        const double dias = s_.Maximo_Dias_Sesion;
+        const double puntos = (dias > 0 && dias < cuenta) ? dias : cuenta;
+        for (grafica *g : {&GraficaPrecio, &GraficaVolumen, &GraficaIndicador})
+            g->NumPoints(puntos);
+        GraficaPrecio.NumSets(8);
+        GraficaVolumen.NumSets(1);
+        GraficaPrecio.ThisPoint(1);
+        GraficaPrecio.ThisSet(1);
+        GraficaVolumen.ThisPoint(1);
+        GraficaVolumen.ThisSet(1);
+        GraficaPrecio.graphtitle(c.Text1);
+        GraficaPrecio.graphtype(6 + c.Candle);
+        GraficaPrecio.gridsTyLe(1);
+        GraficaVolumen.graphtype(3);
+        GraficaVolumen.graphSTyLe(2);
+        GraficaVolumen.gridsTyLe(1);
+        GraficaIndicador.graphtype(6);
+        GraficaIndicador.AutoInc(0);
+        GraficaIndicador.NumSets(3);
+        maximoGrafica = 0;
+        minimoGrafica = 1e16;
+        if (dias != 0) {
+            // Stops at position count - dias: one record more than is drawn.
+            while (cuenta - double(q.AbsolutePosition()) > dias)
+                q.Movenext();
+            fechaInicio = q.Fecha();
+            primerCierre = q.Ultimo();
+        }
+
+        // 7. The records.
+        const double cierreOn = c.Check2[3], maximoOn = c.Check2[1], minimoOn = c.Check2[2];
+        const double media1On = c.Check2[4], media2On = c.Check2[5], mediaDiaOn = c.Check2[6];
+        const double periodo1 = Numero_Val(c.Mediat[1]), periodo2 = Numero_Val(c.Mediat[2]);
+        const bool conIndicador = GraficaIndicador.Visible();
+        int indicador = -1;
+        if (c.Indicador_Actual.isEmpty())
+            indicador = 0;
+        else if (c.Indicador_Actual.size() == 1 && c.Indicador_Actual[0] >= u'0' &&
+                 c.Indicador_Actual[0] <= u'3')
+            indicador = c.Indicador_Actual[0].unicode() - u'0';
+        const bool conSplits = c.Splita != 0;
+
+        MMedia primeraMedia, segundaMedia;
+        Maximos extremos;
+        HistoriaMomentum historia{};
+        double nMomentum = 0;
+        DetectorSplits::Ajustado a; // high and low survive a record without adjustment
+        bool saltado = false;
+        double punto = 1, mesAnterior = 0;
+        const QString sinMes = QStringLiteral("    ");
+
+        while (!q.Eof()) {
+            // a. Days without a close: a stock loses them all, a portfolio
+            // series only the first.
+            bool fin = false;
+            while (q.Ultimo() == 0) {
+                if (q.Valor() >= 34000 && saltado)
+                    break;
+                saltado = true;
+                for (grafica *g : {&GraficaPrecio, &GraficaVolumen, &GraficaIndicador})
+                    g->NumPoints(g->NumPoints() - 1);
+                q.Movenext();
+                if (q.Eof()) {
+                    fin = true;
+                    break;
+                }
+            }
+            if (fin)
+                break;
+
+            // b.
+            const QDate leida = q.Fecha();
+            const QDate fecha = leida.isValid() ? leida : grafica::fechaCero();
+            const double dinero = finite(q.Efect() * 1000);
+            double cierre = q.Ultimo();
+
+            // c.
+            if (conSplits) {
+                DetectorSplits::Registro r{fecha,      q.Ultimo(), q.Anterior(),
+                                           q.Maximo(), q.minimo(), q.Volumen()};
+                splits.ajustar(r, a, etiquetas.Noticias);
+                cierre = a.cierre;
+            } else {
+                a.maximo = q.Maximo();
+                a.minimo = q.minimo();
+                a.acciones = q.Volumen();
+            }
+            double &maximo = a.maximo, &minimo = a.minimo;
+
+            // d.
+            double media = 0;
+            if (a.acciones == 0) {
+                media = maximo = minimo = cierre;
+            } else {
+                media = divide(dinero, a.acciones);
+                if (maximo == 0)
+                    maximo = cierre;
+                if (minimo == 0)
+                    minimo = cierre;
+            }
+
+            // e. Every change of month but the first gets its vertical line.
+            GraficaPrecio.ThisPoint(punto);
+            if (fecha.month() != mesAnterior) {
+                GraficaPrecio.LabelText(Nombre_Mes(fecha.month()) + u' ' +
+                                        QString::number(fecha.year() % 100).rightJustified(2, u'0'));
+                if (mesAnterior != 0)
+                    GraficaPrecio.Vertical();
+                mesAnterior = fecha.month();
+            } else {
+                GraficaPrecio.LabelText(sinMes);
+            }
+
+            // f. An unticked series is written as 0, below the range.
+            GraficaPrecio.ThisSet(1);
+            GraficaPrecio.Fecha(fecha);
+            GraficaPrecio.Graphdata(cierre * cierreOn);
+            GraficaPrecio.ThisSet(2);
+            GraficaPrecio.Graphdata(maximo * maximoOn);
+            GraficaPrecio.ThisSet(3);
+            GraficaPrecio.Graphdata(minimo * minimoOn);
+
+            // g. The averages always run: the indicators use them.
+            GraficaPrecio.ThisSet(4);
+            const double m1 = primeraMedia.Siguiente(cierre, 0, periodo1, 3);
+            GraficaPrecio.Graphdata(m1 * media1On);
+            GraficaPrecio.ThisSet(8);
+            GraficaPrecio.Graphdata(media * mediaDiaOn);
+            GraficaPrecio.ThisSet(7);
+            const double m2 = segundaMedia.Siguiente(cierre, 0, periodo2, 3);
+            GraficaPrecio.Graphdata(m2 * media2On);
+
+            // h.
+            if (conIndicador) {
+                switch (indicador) {
+                case 0:
+                    grafica_macd(GraficaIndicador, indicadores, m2, m1, 0, punto, cierre);
+                    break;
+                case 1:
+                    grafica_rsi(GraficaIndicador, indicadores, q.Dif(), 0, punto);
+                    break;
+                case 2:
+                    grafica_momentum(GraficaIndicador, cierre, nMomentum, punto, historia);
+                    if (nMomentum < 14)
+                        nMomentum = nMomentum + 1;
+                    break;
+                case 3:
+                    grafica_stocastico(GraficaIndicador, indicadores, cierre, extremos.Maxi(maximo, 5),
+                                       extremos.Min(minimo, 5), 5, punto);
+                    break;
+                default:
+                    break;
+                }
+            }
+
+            // i. The bars show the money as stored, not the shares.
+            GraficaVolumen.ThisPoint(punto);
+            GraficaVolumen.Graphdata(dinero / 1000);
+            GraficaVolumen.ThisPoint(punto);
+
+            // j. The extremes follow the data, ticked or not.
+            ultimoCierre = cierre;
+            if (maximo > maximoGrafica)
+                maximoGrafica = maximo;
+            if (minimo < minimoGrafica)
+                minimoGrafica = minimo;
+            puntosEscritos_ = int(punto);
+            punto = punto + 1;
+            q.Movenext();
+        }
+
+        // 8. The range; only wide ranges get automatic divisions.
+        if (minimoGrafica == 1e16)
+            minimoGrafica = 0;
+        GraficaPrecio.YAxisStyle(2);
+        GraficaPrecio.YAxisTicks(0);
+        GraficaPrecio.YAxisMax(double(maximoGrafica));
+        GraficaPrecio.YAxisMin(double(minimoGrafica));
+        GraficaPrecio.YAxisTicks(ticksAutomaticos(maximoGrafica - minimoGrafica));
+    }
+
+    // 9. The finish, for an empty value too.
+    GraficaPrecio.Split(splits.factorAcumulado());
+    if (c.Splita != 0)
+        GraficaPrecio.Anular_split(true);
+    GraficaPrecio.DrawMode(2);
+    if (c.Splita == 1) {
+        maximoGrafica = divide(maximoGrafica, splits.factorActual());
+        minimoGrafica = divide(minimoGrafica, splits.factorActual());
+    }
+
+    // The scale lines are the chart's real scale; on a logarithmic chart
+    // their prices stand at uneven heights. At least one is drawn.
+    {
+        const double paso = pasoLineasEscala(maximoGrafica - minimoGrafica);
+        double y = std::floor(minimoGrafica / paso) * paso + paso;
+        // A corrupt price far off the others would ask for endless lines.
+        for (int n = 0; n < 100000; ++n) {
+            GraficaPrecio.LineaHorizontal(A_Escala(y, s_.Logaritmica));
+            y = y + paso;
+            if (y >= maximoGrafica)
+                break;
+        }
+    }
+
+    GraficaVolumen.DrawMode(2);
+    if (GraficaIndicador.Visible())
+        GraficaIndicador.DrawMode(2);
+
+    etiquetas.Titulo.texto = c.Text1;
+    etiquetas.relojDeArena = false;
+    if (devolverFoco)
+        devolverFoco();
+    etiquetas.Fecha_Inicio.texto = Format(fechaInicio, QStringLiteral("dd/mm/yyyy"));
+    etiquetas.Fecha_Fin.texto = Format(fechaFin, QStringLiteral("dd/mm/yyyy"));
+    dibujando_ = false;
+
+    if (c.Splita == 1) {
+        primerCierre = primerCierre * splits.factorActual();
+        ultimoCierre = ultimoCierre * splits.factorActual();
+    }
+    // With the whole series the first close is 0: the label then shows the
+    // last close, a trait of the display kept as it is.
+    if (primerCierre != 0)
+        etiquetas.Etiqueta_Porcentaje_total.texto =
+            Format(ultimoCierre * 100 / primerCierre - 100, QStringLiteral("###0.00"));
+    else
+        etiquetas.Etiqueta_Porcentaje_total.texto = Format(ultimoCierre, QStringLiteral("###0.00"));
+    etiquetas.Etiqueta_Maximo.texto = Format(maximoGrafica, QStringLiteral("##0.00")) + QStringLiteral(" €");
+    etiquetas.Etiqueta_Minimo.texto = Format(minimoGrafica, QStringLiteral("##0.00")) + QStringLiteral(" €");
+    if (VerOperacionesGrafica)
+        VerOperacionesGrafica();
+    etiquetas.Tiempot.texto = Format(double(reloj.nsecsElapsed()) / 1e9, QStringLiteral("#0.###"));
+}
+
+void GraficaPrincipal::DibuGrafi3(const QString &nombre)
+{
+    static const QString nombres[4] = {QStringLiteral("MaCD"), QStringLiteral("Rsi"),
+                                       QStringLiteral("Momentum"), QStringLiteral("Estocástico")};
+    for (int i = 0; i < 4; ++i)
+        if (nombre == nombres[i]) {
+            controles.Indicador_Actual = QString::number(i);
+            DibujarGrafica();
+            return;
+        }
+}
+
+int GraficaPrincipal::sumaVelas() const
+{
+    return controles.Check2[1] + controles.Check2[2] + controles.Check2[3] + controles.Check2[6];
+}
+
+void GraficaPrincipal::Candle_Click()
+{
+    if (controles.Candle == 0) {
+        DibujarGrafica();
+        return;
+    }
+    // A candle needs all four series; ticking them must not untick it.
+    ignorarCheck2_ = true;
+    if (sumaVelas() != 4)
+        for (int i : {1, 2, 3, 6})
+            controles.Check2[i] = 1;
+    ignorarCheck2_ = false;
+    DibujarGrafica();
+}
+
+void GraficaPrincipal::Check2_Click(int)
+{
+    if (ignorarCheck2_)
+        return;
+    if (sumaVelas() < 4 && controles.Candle != 0) {
+        // Unticking Candle raises its own click, which draws once more.
+        controles.Candle = 0;
+        Candle_Click();
+    }
+    DibujarGrafica();
+}
+
+void GraficaPrincipal::Logaritmica_Click()
+{
+    DibujarGrafica();
+}
+
+} // namespace tesorel

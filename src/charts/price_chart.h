@@ -1,0 +1,103 @@
+#pragma once
+#include "charts/grafica.h"
+#include "charts/indicators.h"
+#include "store/quote_cursor.h"
+
+#include <QString>
+#include <array>
+#include <functional>
+
+namespace tesorel
+{
+
+class Session;
+class Surface;
+
+// The main window's controls that a drawing reads. Check boxes hold 0 or
+// 1; arrays are indexed as the controls are (Check2 1..6, Mediat 1..2).
+struct ControlesGrafica {
+    QString Text1; // the selected value's name
+    std::array<int, 7> Check2{0, 1, 1, 1,
+                              1, 1, 1}; // 1 Máximo, 2 Mínimo, 3 Cierre, 4 and 5 averages, 6 Media dia
+    int Candle = 0;
+    int Logaritmica = 0;
+    int Splita = 0;
+    std::array<QString, 3> Mediat{QString(), QStringLiteral("30"), QStringLiteral("9")};
+    QString Indicador_Actual;
+};
+
+// A label of the head of the window: its caption and text colour.
+struct Etiqueta {
+    QString texto;
+    int color = 0;
+};
+
+// What a drawing writes on the window besides the three pictures.
+struct EtiquetasGrafica {
+    Etiqueta porciento, Ultimo_Cierre, Porciento_2;
+    Etiqueta Etiqueta_Maximo, Etiqueta_Minimo, Etiqueta_Porcentaje_total;
+    Etiqueta Etiqueta_Media, Etiqueta_Volumen_Medio; // nothing writes them
+    Etiqueta Tiempot, Fecha_Inicio, Fecha_Fin, Titulo;
+    QString Noticias;          // the news tab's text: the split notes of the value
+    bool relojDeArena = false; // the mouse pointer during a drawing
+};
+
+// The price, volume and indicator charts of the main window and the
+// routine that rebuilds them from the store for the value in Text1.
+class GraficaPrincipal
+{
+  public:
+    explicit GraficaPrincipal(Session &s);
+
+    // Configures the three charts once, on their picture boxes.
+    void DefinirGraficas(Surface *picture1, Surface *picture2, Surface *picture3);
+    // Rebuilds everything shown for the value. A run-time failure leaves
+    // the drawing unfinished and its guard set, as the window has always
+    // behaved.
+    void DibujarGrafica();
+    // "MaCD", "Rsi", "Momentum" or "Estocástico": chooses the indicator.
+    void DibuGrafi3(const QString &nombre);
+
+    // Click handlers; the tick has already changed in `controles`. The
+    // window must not echo the ticks these set back as clicks.
+    void Candle_Click();
+    void Check2_Click(int index);
+    void Logaritmica_Click();
+
+    ControlesGrafica controles;
+    EtiquetasGrafica etiquetas;
+    grafica GraficaPrecio, GraficaVolumen, GraficaIndicador;
+    IndicatorState indicadores;
+    double maximoGrafica = 0, minimoGrafica = 0; // the chart's high and low
+    double Codigo_Valor = 0;
+
+    // What others own: the favourite mark of the value, the operation
+    // marks redrawn at the end, and the focus given back.
+    std::function<void()> PonerQuitarF;
+    std::function<void()> VerOperacionesGrafica;
+    std::function<void()> devolverFoco;
+
+    bool dibujando() const { return dibujando_; }
+    // Points written by the last run, the one past the window included.
+    int puntosEscritos() const { return puntosEscritos_; }
+
+    static constexpr int kAzulOscuro = 8388608; // palette colour 1
+    static constexpr int kRojoOscuro = 128;     // palette colour 4
+
+  private:
+    void cabecera();
+    int sumaVelas() const;
+
+    Session &s_;
+    RecordSeto cursor_;
+    bool dibujando_ = false;
+    bool ignorarCheck2_ = false;
+    int puntosEscritos_ = 0;
+};
+
+// The step of the scale lines for a range of prices.
+double pasoLineasEscala(double rango);
+// The automatic axis divisions for a range: none below a range of 100.
+double ticksAutomaticos(double rango);
+
+} // namespace tesorel
