@@ -29,7 +29,10 @@ CREATE TABLE bolsa (
     MINIMO DOUBLE,
     EFECT DOUBLE
 );
-CREATE INDEX bolsa_VALOR_FECHA ON bolsa (VALOR, FECHA);
+-- The index of a value's series carries every field, so that a chart reads
+-- its rows from the index alone, in date order, without one table lookup a
+-- day.
+CREATE INDEX bolsa_VALOR_FECHA ON bolsa (VALOR, FECHA, ANTERIOR, ULTIMO, DIF, VOLUMEN, MAXIMO, MINIMO, EFECT);
 CREATE INDEX bolsa_FECHA ON bolsa (FECHA);
 
 CREATE TABLE ibex (VALOR INTEGER);

@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
+#include <cmath>
 #include <sqlite3.h>
 #include <stdexcept>
 
@@ -86,16 +87,19 @@ QString fullBasePath()
             for (int value = 1; value <= kFullBaseValues; ++value) {
                 seed = seed * 1664525u + 1013904223u;
                 const double anterior = 5.0 + value % 40;
-                const double ultimo = anterior * (0.97 + (seed >> 8) % 600 / 10000.0);
+                // Quotes come with three decimals, money with two, as the
+                // exchange publishes them.
+                auto round = [](double x, double scale) { return std::round(x * scale) / scale; };
+                const double ultimo = round(anterior * (0.97 + (seed >> 8) % 600 / 10000.0), 1000);
                 sqlite3_bind_int(insert, 1, value);
                 sqlite3_bind_text(insert, 2, iso.constData(), int(iso.size()), SQLITE_STATIC);
                 sqlite3_bind_double(insert, 3, anterior);
                 sqlite3_bind_double(insert, 4, ultimo);
-                sqlite3_bind_double(insert, 5, (ultimo - anterior) * 100 / anterior);
+                sqlite3_bind_double(insert, 5, round((ultimo - anterior) * 100 / anterior, 100));
                 sqlite3_bind_double(insert, 6, double(seed % 100000));
-                sqlite3_bind_double(insert, 7, ultimo * 1.01);
-                sqlite3_bind_double(insert, 8, ultimo * 0.99);
-                sqlite3_bind_double(insert, 9, ultimo * (seed % 100000));
+                sqlite3_bind_double(insert, 7, round(ultimo * 1.01, 1000));
+                sqlite3_bind_double(insert, 8, round(ultimo * 0.99, 1000));
+                sqlite3_bind_double(insert, 9, round(ultimo * (seed % 100000) / 1000, 100));
                 sqlite3_step(insert);
                 sqlite3_reset(insert);
             }

@@ -7,6 +7,8 @@
 #include "store/recordset.h"
 #include "store/session.h"
 
+#include <cmath>
+
 namespace tesorel {
 
 QString Texto_Nulo(const QVariant &value)
@@ -24,6 +26,53 @@ QString Texto_Nulo(const QVariant &value)
     default:
         return value.toString();
     }
+}
+
+namespace {
+constexpr double kWholeLimit = 1e15; // past it the text is in E notation
+} // namespace
+
+double Lectura_Local(const QVariant &value)
+{
+    const int type = value.typeId();
+    if (type == QMetaType::LongLong || type == QMetaType::Int) {
+        const qlonglong n = value.toLongLong();
+        if (n > -kWholeLimit && n < kWholeLimit)
+            return double(n);
+    } else if (type == QMetaType::Double) {
+        // A number of at most four decimals that is the nearest double to
+        // them comes back from its 15-digit text as itself.
+        const double v = value.toDouble();
+        if (std::fabs(v) < 1e10) {
+            const double n = std::nearbyint(v * 10000);
+            if (n / 10000 == v)
+                return v;
+        }
+    }
+    return Numero_Cdbl(Texto_Nulo(value));
+}
+
+double Lectura_Punto(const QVariant &value)
+{
+    const int type = value.typeId();
+    if (type == QMetaType::LongLong || type == QMetaType::Int) {
+        const qlonglong n = value.toLongLong();
+        if (n > -kWholeLimit && n < kWholeLimit)
+            return double(n);
+    } else if (type == QMetaType::Double) {
+        const double v = value.toDouble();
+        const double a = std::fabs(v);
+        if (a < kWholeLimit && v == std::trunc(v))
+            return v;
+        // The decimal comma of the text ends the point rule: the fraction
+        // goes. Below a million the 15 digits keep nine decimals, so their
+        // rounding cannot carry the number to the next whole one; below 0.1
+        // the text may be in E notation, and goes the long way.
+        const double frac = a - std::trunc(a);
+        if (a >= 0.1 && a < 1e6 && frac > 1e-9 && frac < 1 - 1e-9)
+            return std::trunc(v);
+    }
+    return Numero_Val(Texto_Nulo(value));
 }
 
 QString Reemplazar_Todo(QString &text, const QString &searched, const QString &replacement)

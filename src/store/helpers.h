@@ -10,6 +10,13 @@ class Session;
 // writes them (decimal comma), dates day first.
 QString Texto_Nulo(const QVariant &value);
 
+// Numero_Cdbl(Texto_Nulo(value)) and Numero_Val(Texto_Nulo(value)): a
+// field read through the screen's text with the locale rule or with the
+// point rule. They skip the text where it cannot change the number, since
+// a chart reads thousands of fields each time it is drawn.
+double Lectura_Local(const QVariant &value);
+double Lectura_Punto(const QVariant &value);
+
 // Replaces every occurrence in turn, starting anew from the beginning
 // after each replacement; the result is also left in `text`. A new text
 // that contains the searched one never ends, and callers never do that.

@@ -60,12 +60,14 @@ void RecordSeto::fillFrom(Recordset &rs)
 
     // The locale reading of a field's text, and the point reading for
     // volumes, so that a volume is never read with the locale.
-    auto locale = [&](int f) { return Numero_Cdbl(Texto_Nulo(rs.field(f))); };
-    auto point = [&](int f) { return Numero_Val(Texto_Nulo(rs.field(f))); };
+    auto locale = [&](int f) { return Lectura_Local(rs.field(f)); };
+    auto point = [&](int f) { return Lectura_Punto(rs.field(f)); };
 
     while (!rs.Eof() && !Eof()) {
         const QVariant fecha = rs.field(fFecha);
-        if (!Texto_Nulo(fecha).isEmpty())
+        if (fecha.typeId() == QMetaType::QDate)
+            setFecha(fecha.toDate());
+        else if (!Texto_Nulo(fecha).isEmpty())
             setFecha(fecha.toDate());
         const QVariant dif = rs.field(fDif);
         setDif(dif.isNull() ? 0.0 : dif.toDouble());

@@ -272,6 +272,7 @@ struct Recordset::Impl {
                 if (added.remove(id))
                     rowids.erase(std::remove(rowids.begin(), rowids.end(), id), rowids.end());
                 rowids.push_back(id);
+                remember(id);
             } else {
                 rows.push_back(readFields(stmt, 0));
             }
@@ -292,9 +293,46 @@ struct Recordset::Impl {
             current = readFields(stmt, 1);
         } else {
             rowid = rowids[size_t(at)];
-            current = readRow(rowid);
+            current = remembered(rowid);
         }
         land(at);
+    }
+
+    // The values of rows the statement went past, kept while nothing in the
+    // base has changed since: walking back over a value's series after
+    // MoveLast then costs no query a row. Any change made on this
+    // connection (through this recordset or any other) drops them, and the
+    // rows are read again by rowid as before.
+    static constexpr int kRememberedRows = 100000;
+    QHash<qint64, QVector<QVariant>> rememberedRows;
+    sqlite3_int64 rememberedStamp = -1;
+
+    bool rememberedValid()
+    {
+        const sqlite3_int64 stamp = sqlite3_total_changes64(h);
+        if (stamp != rememberedStamp) {
+            rememberedRows.clear();
+            rememberedStamp = stamp;
+            return false;
+        }
+        return true;
+    }
+
+    void remember(qint64 id)
+    {
+        rememberedValid();
+        if (rememberedRows.size() < kRememberedRows)
+            rememberedRows.insert(id, readFields(stmt, 1));
+    }
+
+    QVector<QVariant> remembered(qint64 id)
+    {
+        if (rememberedValid()) {
+            const auto it = rememberedRows.constFind(id);
+            if (it != rememberedRows.constEnd())
+                return *it;
+        }
+        return readRow(id);
     }
 
     void sequentialGo(long at)

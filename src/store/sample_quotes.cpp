@@ -114,7 +114,8 @@ Row tradingDay(Walk &w, SplitMix64 &rng, bool split)
     // An index has no price of its own: its money is the shares traded at
     // an average share price of the market.
     const double averagePrice = w.isIndex ? kMarketSharePrice : (r.maximo + r.minimo + r.ultimo) / 3;
-    r.efect = roundTo(r.volumen * averagePrice, 100);
+    // Money traded is stored in thousands of euros, as the quote sources give it.
+    r.efect = roundTo(r.volumen * averagePrice / 1000, 100);
     w.lastClose = r.ultimo;
     return r;
 }

@@ -108,9 +108,9 @@ TEST(SampleQuotes, RowsHangTogetherDayAfterDay)
          "SELECT COUNT(*) FROM bolsa WHERE ULTIMO > 0 AND (MINIMO > ULTIMO OR MINIMO <= 0)"},
         {"change from the two closes", "SELECT COUNT(*) FROM bolsa WHERE ULTIMO > 0 AND ABS(DIF - (ULTIMO - "
                                        "ANTERIOR) * 100 / ANTERIOR) > 0.005"},
-        {"money is shares at a price of the day",
-         "SELECT COUNT(*) FROM bolsa WHERE VALOR <> 1 AND ULTIMO > 0 AND (EFECT < VOLUMEN * MINIMO - 0.01 OR "
-         "EFECT > VOLUMEN * MAXIMO + 0.01)"},
+        {"money in thousands is shares at a price of the day",
+         "SELECT COUNT(*) FROM bolsa WHERE VALOR <> 1 AND ULTIMO > 0 AND (EFECT * 1000 < VOLUMEN * MINIMO - 10 OR "
+         "EFECT * 1000 > VOLUMEN * MAXIMO + 10)"},
         {"shares stocks between 1 and 100 euros",
          "SELECT COUNT(*) FROM bolsa WHERE VALOR <> 1 AND ULTIMO > 0 AND "
          "(ULTIMO < 0.5 OR ULTIMO > 150)"},

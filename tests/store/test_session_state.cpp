@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
+#include <cmath>
+
+#include "core/numbers.h"
 
 #include "store/coleccion.h"
 #include "store/error_routine.h"
@@ -203,6 +206,50 @@ TEST_F(ErrorReporting, AGuardedStepIsSkippedAndTheProcedureGoesOn)
     EXPECT_EQ(done, 1);
     EXPECT_EQ(ui.messages.size(), 2u);
     EXPECT_EQ(ui.messages[1].prompt, "3000 engine");
+}
+
+} // namespace
+
+namespace {
+
+// The quick readings must give what the long way through the text gives.
+TEST(Texts, QuickFieldReadingsAgreeWithTheTextRoute)
+{
+    std::vector<QVariant> values = {QVariant(),
+                                    0.0,
+                                    -0.0,
+                                    12.5,
+                                    0.1 + 0.2,
+                                    2000.75,
+                                    0.05,
+                                    1.5e-7,
+                                    -0.5,
+                                    999999.9999999999,
+                                    123456.123456789,
+                                    1e15,
+                                    -1e15 + 1,
+                                    1e20,
+                                    3.14159265358979,
+                                    qlonglong(34001),
+                                    qlonglong(-7),
+                                    qlonglong(1000000000000000LL),
+                                    QString("1,5"),
+                                    QString("abc"),
+                                    QDate(2024, 3, 4)};
+    // And a deterministic spread of prices, volumes and money.
+    quint64 x = 0x9E3779B97F4A7C15ull;
+    for (int i = 0; i < 20000; ++i) {
+        x ^= x << 13, x ^= x >> 7, x ^= x << 17;
+        const double unit = double(x >> 11) / double(1ull << 53);
+        const int scale = int(x % 9);
+        values.emplace_back((unit - 0.2) * std::pow(10.0, scale - 2));
+        values.emplace_back(std::round(unit * 1e6) / std::pow(10.0, scale % 5));
+    }
+    for (const QVariant &v : values) {
+        const QString text = Texto_Nulo(v);
+        EXPECT_EQ(Lectura_Local(v), Numero_Cdbl(text)) << text.toStdString();
+        EXPECT_EQ(Lectura_Punto(v), Numero_Val(text)) << text.toStdString();
+    }
 }
 
 } // namespace
