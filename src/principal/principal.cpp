@@ -1,7 +1,5 @@
 #include "principal/principal.h"
 
-#include <QRandomGenerator>
-
 #include "core/numbers.h"
 #include "principal/comandos.h"
 #include "store/app_folder.h"
@@ -35,9 +33,6 @@ const QString Principal::NoHay_Donde = QStringLiteral(
 
 namespace
 {
-// The lists of the combo, by index, as commands.
-const char *const ListaDeValores[] = {"todos", "ibex", "Cartera", "faboritos"};
-
 Database &base(Session &s)
 {
     if (!s.Base_Datos)
@@ -47,10 +42,52 @@ Database &base(Session &s)
 } // namespace
 
 Principal::Principal(Session &s, Comandos &comandos, QString rutaBase)
-    : s_(s), comandos_(comandos), rutaBase_(std::move(rutaBase))
+    : mercado(s), s_(s), comandos_(comandos), rutaBase_(std::move(rutaBase))
 {
-    // A random value of the newest day, until the value lists register their own.
-    comandos_.registrarConResultado("qualquier_valor", [this] { return qualquierValorDelDia(); });
+    registrarMercado();
+}
+
+// The market browser's procedures answer the buttons, menu entries and
+// popups of the left side; the selection reaches the chart, the portfolio
+// series and the open tab through the hub, where those subsystems register.
+void Principal::registrarMercado()
+{
+    ListaValores &lista = mercado.lista;
+    const std::pair<const char *, void (ListaValores::*)()> listas[] = {
+        {"todos", &ListaValores::todos},
+        {"ibex", &ListaValores::ibex},
+        {"Cartera", &ListaValores::Cartera},
+        {"faboritos", &ListaValores::faboritos},
+        {"LosqueSuben", &ListaValores::LosqueSuben},
+        {"SiguienteCategoria", &ListaValores::SiguienteCategoria},
+        {"AnteriorCategoria", &ListaValores::AnteriorCategoria},
+        {"menu_categorias_Globales", &ListaValores::menu_categorias_Globales_Click},
+        {"menu_categorias_personales", &ListaValores::menu_categorias_personales_Click},
+    };
+    for (const auto &[nombre, procedimiento] : listas)
+        comandos_.registrar(nombre, [&lista, procedimiento] { (lista.*procedimiento)(); });
+
+    Favoritos &favoritos = mercado.favoritos;
+    comandos_.registrar("menu_add_faboritos", [&favoritos] { favoritos.menu_add_faboritos(); });
+    comandos_.registrar("menu_quitar_faboritos", [&favoritos] { favoritos.menu_quitar_faboritos(); });
+    comandos_.registrar("Boton_Favorito", [&favoritos] { favoritos.Boton_Favorito_Click(); });
+    comandos_.registrar("PonerQuitarF", [&favoritos] { favoritos.PonerQuitarF(); });
+
+    NavegadorValores &m = mercado;
+    comandos_.registrar("laWEB", [&m] { m.laWEB_Click(); });
+    comandos_.registrar("BolsaMadrid", [&m] { m.BolsaMadrid_Click(); });
+    comandos_.registrar("Invertia", [&m] { m.Invertia_Click(); });
+    comandos_.registrar("titular", [&m] { m.titular_Click(); });
+    comandos_.registrar("Sugiere", [&m] { m.Sugiere_Click(); });
+    comandos_.registrar("CargarComentario", [&m] { m.CargarComentario(); });
+    comandos_.registrar("GrabarComentario", [&m] { m.GrabarComentario(); });
+
+    Ganchos &g = mercado.seleccion.ganchos;
+    // The hub's commands take no argument: the series is always made in mode 1 from here.
+    g.Generar_Serie_Cartera = [this](double) { comandos_.ejecutar("Generar_Serie_Cartera"); };
+    g.QuitarVerOperaciones = [this] { comandos_.ejecutar("QuitarVerOperaciones"); };
+    g.DibujarGrafica = [this] { dibujar(); };
+    g.Pesta = [this] { Pesta_Change(); };
 }
 
 Principal::~Principal() = default;
@@ -129,8 +166,9 @@ void Principal::Form_Activate()
 
     s_.Usuario_Numero = 1;
     s_.paso([&] {
-        const QVariant codigo = comandos_.ejecutar("qualquier_valor");
         base(s_);
+        double codigo = 0;
+        mercado.lista.qualquier_valor(codigo);
         setText1(Nombre_De(s_, codigo));
     });
     s_.Usuario_Numero = 0;
@@ -141,43 +179,9 @@ void Principal::Form_Activate()
         terminar();
 }
 
-QVariant Principal::qualquierValorDelDia()
-{
-    auto rs = base(s_).openRecordset("SELECT VALOR FROM bolsa_de_un_dia WHERE VALOR < 34000 ORDER BY VALOR");
-    if (rs->Eof())
-        return {};
-    rs->MoveLast();
-    const long cuenta = rs->RecordCount();
-    rs->MoveFirst();
-    rs->Move(static_cast<long>(QRandomGenerator::global()->bounded(static_cast<int>(cuenta))));
-    return rs->field("VALOR").toDouble();
-}
-
 void Principal::setText1(const QString &texto)
 {
-    if (texto == Text1)
-        return;
-    Text1 = texto;
-    Text1_Change();
-}
-
-void Principal::Text1_Change()
-{
-    if (Text1.left(7) == QLatin1String("CARTERA"))
-        s_.paso([&] { comandos_.ejecutar("Generar_Serie_Cartera"); });
-    s_.paso([&] { comandos_.ejecutar("QuitarVerOperaciones"); });
-    buscar.clear();
-    s_.paso([&] {
-        base(s_);
-        Codigo_Valor = Codigo_De(s_, Text1, 1);
-    });
-    s_.paso([&] { urlWeb = Web_Empresa(s_, Codigo_Valor); });
-    s_.paso([&] { urlLaBolsa = Url_La_Bolsa(s_, Codigo_Valor); });
-    laWEB_Visible = !urlWeb.isEmpty();
-    BolsaMadrid_Visible = !urlLaBolsa.isEmpty();
-    Invertia_Visible = !s_.Codigo_Invertia.isEmpty();
-    dibujar();
-    Pesta_Change();
+    mercado.seleccion.setText1(texto);
 }
 
 void Principal::Timer1_Timer(const QString &direccionLocal)
@@ -246,27 +250,44 @@ void Principal::Titulo_DblClick()
     comandos_.ejecutar("form4");
 }
 
-void Principal::List1_Click()
+void Principal::List1_Click(int indice)
 {
-    s_.paso([&] { comandos_.ejecutar("GrabarComentario"); });
-    s_.paso([&] {
-        if (List1_ListIndex < 0 || List1_ListIndex >= static_cast<int>(List1.size()))
-            throw RuntimeError(err::InvalidCall,
-                               QStringLiteral("Argumento o llamada a procedimiento no válida"));
-        setText1(Nombre_De(s_, List1.at(List1_ListIndex).dato));
-    });
+    mercado.lista.List1.ListIndex = indice;
+    mercado.seleccion.List1_Click();
 }
 
 void Principal::Valores_Click()
 {
-    if (config.Valores >= 0 && config.Valores < 4)
-        comandos_.ejecutar(QString::fromLatin1(ListaDeValores[config.Valores]));
+    mercado.lista.setValores(config.Valores);
 }
 
+void Principal::buscar_Change(const QString &texto)
+{
+    mercado.busqueda.setBuscar(texto);
+}
+
+void Principal::buscar_Return()
+{
+    mercado.busqueda.buscar_Return();
+}
+
+void Principal::buscar_GotFocus()
+{
+    mercado.busqueda.buscar_GotFocus();
+}
+
+void Principal::Image1_DragDrop(const QString &origen, const QDate &fecha)
+{
+    mercado.seleccion.Image1_DragDrop(origen, fecha);
+}
+
+// Every drawing first sets the favourite button for the value on show.
 void Principal::dibujar()
 {
-    if (!config.Cargando)
-        s_.paso([&] { comandos_.ejecutar("DibujarGrafica"); });
+    if (config.Cargando)
+        return;
+    mercado.favoritos.PonerQuitarF();
+    s_.paso([&] { comandos_.ejecutar("DibujarGrafica"); });
 }
 
 void Principal::Check2_Click(int)
@@ -318,8 +339,14 @@ void Principal::setPesta(const QString &texto)
     Pesta_Change();
 }
 
+// The tab procedure. The chart's tab handling takes it over by registering
+// "Pesta"; until then the tabs that need no chart are served here.
 void Principal::Pesta_Change()
 {
+    if (comandos_.registrado("Pesta")) {
+        s_.paso([&] { comandos_.ejecutar("Pesta"); });
+        return;
+    }
     const int n = static_cast<int>(Numero_Val(Pesta));
     if (Pesta.isEmpty())
         return;

@@ -1,11 +1,11 @@
 #pragma once
-#include <QHash>
+#include <QDate>
 #include <QString>
 #include <QStringList>
 #include <array>
 #include <memory>
-#include <vector>
 
+#include "market/market_browser.h"
 #include "store/configuracion.h"
 
 namespace tesorel
@@ -16,9 +16,10 @@ class Session;
 class Usuario;
 
 // The main window without its widgets: the start-up and the closing of the
-// session, the network indicator, the configuration panel, the tab strip,
-// and the value selector Text1. Whatever belongs to another subsystem
-// (lists, charts, notes, the other windows) is reached through the commands.
+// session, the network indicator, the configuration panel and the tab strip.
+// The left side (lists, the value on show, search, note, favourite button,
+// links) is the market browser it owns; the chart and the other windows are
+// reached through the commands.
 class Principal
 {
   public:
@@ -30,34 +31,27 @@ class Principal
     static const QStringList Valores_Entradas; // the lists of the combo
     static const QString NoHay_Caption, NoHay_Mensaje, NoHay_EtiquetaDirectorio, NoHay_Donde;
 
+    // The left side of the window: the one place where the list, the value
+    // on show and its links live.
+    NavegadorValores mercado;
+
     // Controls, by name.
-    QString Text1;         // the value on show (its NOMBRE)
     QString Configuracion; // the packed settings between the login and the window
-    QString Titul, Titulo, buscar, Version, LabelOnline, Pesta;
+    QString Titulo, Version, LabelOnline, Pesta;
     int IndicadorOnline_BackColor = 255;
     bool Yahoo_Visible = false, Yahoono_Visible = false, YahooNoticias_Visible = false;
     bool Noticias_Visible = true, Incidecaption_Visible = true;
-    bool laWEB_Visible = false, BolsaMadrid_Visible = false, Invertia_Visible = false;
-    QString urlWeb, urlLaBolsa;  // the links of the value on show
     ConfiguracionVentana config; // Check2, Valores, Indicador_Actual, Candle, MostrarOperaciones
     int Logaritmica = 0;
     int Splita = 0;
     std::array<QString, 3> Mediat{QString(), QStringLiteral("30"), QStringLiteral("9")};
     bool Timer1_Enabled = true;
-    // List1: the text of each entry and its datum, the value's code.
-    struct EntradaLista {
-        QString texto;
-        double dato = 0;
-    };
-    std::vector<EntradaLista> List1;
-    int List1_ListIndex = -1;
-    // The check marks of the five list menu entries (menu_todos ...).
-    QHash<QString, bool> Checked;
     int pestanaAbierta = -1;
 
     // Members that other windows reach.
-    double Codigo_Valor = 0;
-    QString Sql_Lista;
+    const QString &Text1() const { return mercado.seleccion.Text1(); } // the value on show (its NOMBRE)
+    double Codigo_Valor() const { return mercado.seleccion.Codigo_Valor; }
+    const QString &Sql_Lista() const { return mercado.lista.Sql_Lista; }
     double Primera_Activacion_Hecha = 0;
     std::unique_ptr<Usuario> Usuario_Sesion;
 
@@ -69,13 +63,17 @@ class Principal
     void Form_Activate();
     void Form_QueryUnload(); // saves the user's settings; once per session
     void setText1(const QString &texto);
-    void Text1_Change();
     void Timer1_Timer(const QString &direccionLocal);
     void menu_salir_Click();
     void menu_encierra_Click();
     void Titulo_DblClick();
-    void List1_Click();
+    // A click on the entry `indice` of List1 (-1: none selected).
+    void List1_Click(int indice);
     void Valores_Click();
+    void buscar_Change(const QString &texto);
+    void buscar_Return();
+    void buscar_GotFocus();
+    void Image1_DragDrop(const QString &origen, const QDate &fecha);
     void Check2_Click(int indice);
     void Candle_Click();
     void MostrarOperaciones_Click() {}
@@ -93,9 +91,9 @@ class Principal
 
   private:
     template <class Step> void pasoDeCarga(Step &&step);
+    void registrarMercado();
     void dibujar();
     void terminar();
-    QVariant qualquierValorDelDia();
 
     Session &s_;
     Comandos &comandos_;

@@ -4,6 +4,7 @@
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QDrag>
 #include <QHBoxLayout>
 #include <QHostAddress>
 #include <QLabel>
@@ -11,15 +12,19 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QNetworkInterface>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
 #include <QStackedWidget>
+#include <QStyle>
 #include <QTabBar>
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "market/popup_menus.h"
 #include "principal/comandos.h"
 #include "store/session.h"
 #include "windows/estilo.h"
@@ -223,7 +228,15 @@ QFrame *PrincipalWindow::construirCabecera()
         return l;
     };
     cifra("Fecha_Inicio");
-    cifra("Fecha_Fin");
+    Fecha_Fin_ = cifra("Fecha_Fin");
+    Fecha_Fin_->installEventFilter(this);
+    // The waste bin: the last date of the chart dropped here deletes that day.
+    Image1_ = etiqueta("Image1", QString(), cabecera);
+    Image1_->setPixmap(style()->standardIcon(QStyle::SP_TrashIcon).pixmap(18, 18));
+    Image1_->setAcceptDrops(true);
+    Image1_->setToolTip(QStringLiteral("Arrastre aquí la fecha final para borrar ese día"));
+    Image1_->installEventFilter(this);
+    fila->addWidget(Image1_);
     cifra("Etiqueta_Maximo");
     cifra("Etiqueta_Minimo");
     cifra("Etiqueta_Porcentaje_total");
@@ -270,6 +283,7 @@ QFrame *PrincipalWindow::construirBotonera()
     };
     for (const auto &[nombre, texto] : botones)
         fila->addWidget(botonDeOrden(nombre, texto, botonera));
+    Boton_Favorito_ = botonera->findChild<QPushButton *>("Boton_Favorito");
     fila->addStretch(1);
     return botonera;
 }
@@ -282,9 +296,9 @@ QWidget *PrincipalWindow::construirEnlaces(QWidget *padre)
     fila->setContentsMargins(0, 0, 8, 0);
     fila->setSpacing(2);
     const std::pair<const char *, QString> enlaces[] = {
-        {"laWEB", QStringLiteral("Web de la empresa")}, {"BolsaMadrid", QStringLiteral("La Bolsa")},
-        {"Invertia", QStringLiteral("Invertia")},       {"titular", QStringLiteral("Titulares")},
-        {"Sugiere", QStringLiteral("Sugerencias")},
+        {"laWEB", QStringLiteral("(Visitar Web)")},       {"BolsaMadrid", QStringLiteral("La Bolsa")},
+        {"Invertia", QStringLiteral("Invertía")},         {"titular", QStringLiteral("Tesorel en la web")},
+        {"Sugiere", QStringLiteral("Enviar Sugerencia")},
     };
     for (const auto &[nombre, texto] : enlaces) {
         auto *b = botonDeOrden(nombre, texto, caja);
@@ -299,7 +313,7 @@ QWidget *PrincipalWindow::construirPanelLista()
 {
     auto *panel = new QFrame(this);
     panel->setObjectName("PanelLista");
-    panel->setFixedWidth(240);
+    panel->setFixedWidth(250);
     auto *capa = new QVBoxLayout(panel);
     capa->setContentsMargins(10, 10, 10, 8);
     auto *cabeza = new QHBoxLayout;
@@ -313,9 +327,20 @@ QWidget *PrincipalWindow::construirPanelLista()
     buscar_ = new QLineEdit(panel);
     buscar_->setObjectName("buscar");
     buscar_->setPlaceholderText(QStringLiteral("Buscar valor"));
+    buscar_->setClearButtonEnabled(true);
+    buscar_->installEventFilter(this);
     capa->addWidget(buscar_);
+    connect(buscar_, &QLineEdit::textChanged, this, [this](const QString &texto) {
+        if (texto != modelo_.mercado.busqueda.buscar())
+            alPulsar([&] { modelo_.buscar_Change(texto); });
+    });
+    connect(buscar_, &QLineEdit::returnPressed, this,
+            [this] { alPulsar([this] { modelo_.buscar_Return(); }); });
     List1_ = new QListWidget(panel);
     List1_->setObjectName("List1");
+    // A long search result is elided, with its whole text as the tooltip.
+    List1_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    List1_->setTextElideMode(Qt::ElideRight);
     List1_->installEventFilter(this);
     List1_->viewport()->installEventFilter(this);
     // The list combo of the configuration panel sits over the list it chooses.
@@ -330,12 +355,8 @@ QWidget *PrincipalWindow::construirPanelLista()
     seleccion->addWidget(Valores_);
     capa->addLayout(seleccion);
     capa->addWidget(List1_, 1);
-    connect(List1_, &QListWidget::itemClicked, this, [this] {
-        alPulsar([this] {
-            modelo_.List1_ListIndex = List1_->currentRow();
-            modelo_.List1_Click();
-        });
-    });
+    connect(List1_, &QListWidget::itemClicked, this,
+            [this] { alPulsar([this] { modelo_.List1_Click(List1_->currentRow()); }); });
     Version_ = etiqueta("Version", QString(), panel);
     capa->addWidget(Version_);
     return panel;
@@ -392,7 +413,13 @@ QWidget *PrincipalWindow::construirGraficas()
         paginas_->addWidget(p);
         return p;
     };
-    pagina(QStringLiteral("pestaña_1"));
+    auto *notas = pagina(QStringLiteral("pestaña_1"));
+    auto *capaNotas = new QVBoxLayout(notas);
+    capaNotas->setContentsMargins(0, 0, 0, 0);
+    Comentario_ = new QPlainTextEdit(notas);
+    Comentario_->setObjectName("Comentario");
+    Comentario_->setPlaceholderText(QStringLiteral("Notas sobre el valor"));
+    capaNotas->addWidget(Comentario_);
     auto *indicadores = pagina(QStringLiteral("pestaña_2"));
     auto *capaIndicador = new QVBoxLayout(indicadores);
     capaIndicador->setContentsMargins(0, 0, 0, 0);
@@ -481,35 +508,30 @@ void PrincipalWindow::copiarConfiguracion()
     modelo_.Splita = Splita_->isChecked() ? 1 : 0;
     modelo_.Mediat[1] = Mediat_[1]->text();
     modelo_.Mediat[2] = Mediat_[2]->text();
-    modelo_.buscar = buscar_->text();
+    // The note box is read only when the model asks for it (a List1 click saves it).
+    modelo_.mercado.notas.Comentario = Comentario_->toPlainText();
 }
 
 void PrincipalWindow::pintar()
 {
     pintando_ = true;
     const auto &c = modelo_.config;
-    Text1_->setText(modelo_.Text1);
+    Text1_->setText(modelo_.Text1());
     Configuracion_->setText(modelo_.Configuracion);
     Pesta_->setText(modelo_.Pesta);
     Titulo_->setText(modelo_.Titulo);
-    Titul_->setText(modelo_.Titul);
     Version_->setText(modelo_.Version);
     LabelOnline_->setText(modelo_.LabelOnline);
     IndicadorOnline_->setStyleSheet(QString("background: %1; border-radius: 6px;")
                                         .arg(ColorDe(modelo_.IndicadorOnline_BackColor).name()));
     NombreUsuario_->setText(s_.Nombre_Usuario.isEmpty() ? QString()
                                                         : QStringLiteral("Usuario: ") + s_.Nombre_Usuario);
-    if (buscar_->text() != modelo_.buscar)
-        buscar_->setText(modelo_.buscar);
     const QHash<QString, bool> visibilidad{
         {"Yahoo", modelo_.Yahoo_Visible},
         {"Yahoono", modelo_.Yahoono_Visible},
         {"YahooNoticias", modelo_.YahooNoticias_Visible},
         {"Noticias", modelo_.Noticias_Visible},
         {"Incidecaption", modelo_.Incidecaption_Visible},
-        {"laWEB", modelo_.laWEB_Visible},
-        {"BolsaMadrid", modelo_.BolsaMadrid_Visible},
-        {"Invertia", modelo_.Invertia_Visible},
     };
     for (auto it = visibilidad.begin(); it != visibilidad.end(); ++it)
         if (QWidget *w = visibles_.value(it.key()))
@@ -524,18 +546,75 @@ void PrincipalWindow::pintar()
     for (int i = 1; i <= 2; ++i)
         if (Mediat_[i]->text() != modelo_.Mediat[i])
             Mediat_[i]->setText(modelo_.Mediat[i]);
-    for (QAction *a : menuFiltro_->actions())
-        if (a->isCheckable())
-            a->setChecked(modelo_.Checked.value(a->objectName()));
-    List1_->clear();
-    for (const auto &entrada : modelo_.List1)
-        List1_->addItem(entrada.texto);
-    List1_->setCurrentRow(modelo_.List1_ListIndex);
+    pintarMercado();
     if (modelo_.pestanaAbierta >= 0) {
         Pestanas_->setCurrentIndex(modelo_.pestanaAbierta);
         paginas_->setCurrentIndex(paginaDe(modelo_.pestanaAbierta));
     }
     pintando_ = false;
+}
+
+// The left side: list, title, check marks, search box, note, favourite button and links.
+void PrincipalWindow::pintarMercado()
+{
+    const NavegadorValores &m = modelo_.mercado;
+    Titul_->setText(m.lista.Titul);
+    const MarcasLista &marcas = m.lista.marcas;
+    const QHash<QString, bool> marcado{{"menu_todos", marcas.menu_todos},
+                                       {"menu_massuben", marcas.menu_massuben},
+                                       {"menu_ibex", marcas.menu_ibex},
+                                       {"menu_ENcartera", marcas.menu_ENcartera},
+                                       {"menu_seguimiento", marcas.menu_seguimiento}};
+    for (QAction *a : menuFiltro_->actions())
+        if (a->isCheckable())
+            a->setChecked(marcado.value(a->objectName()));
+
+    // Rebuilt only when its entries changed, so that the timer's repaint keeps the scroll.
+    QStringList textos;
+    for (const auto &entrada : m.lista.List1.entradas)
+        textos << entrada.texto;
+    QStringList enPantalla;
+    for (int i = 0; i < List1_->count(); ++i)
+        enPantalla << List1_->item(i)->text();
+    if (textos != enPantalla) {
+        List1_->clear();
+        List1_->addItems(textos);
+        for (int i = 0; i < List1_->count(); ++i)
+            List1_->item(i)->setToolTip(textos.at(i));
+    }
+    if (List1_->currentRow() != m.lista.List1.ListIndex)
+        List1_->setCurrentRow(m.lista.List1.ListIndex);
+
+    if (buscar_->text() != m.busqueda.buscar())
+        buscar_->setText(m.busqueda.buscar());
+    if (Comentario_->toPlainText() != m.notas.Comentario)
+        Comentario_->setPlainText(m.notas.Comentario);
+
+    const auto &favorito = m.favoritos.Boton_Favorito;
+    Boton_Favorito_->setVisible(favorito[0] || favorito[2]);
+    Boton_Favorito_->setText(favorito[0] ? QStringLiteral("Añadir a Seguimiento")
+                                         : QStringLiteral("Quitar de Seguimiento"));
+
+    const EnlacesValor &enlaces = m.seleccion.enlaces;
+    const std::pair<const char *, bool> enlacesVisibles[] = {
+        {"laWEB", enlaces.laWEB}, {"BolsaMadrid", enlaces.BolsaMadrid}, {"Invertia", enlaces.Invertia}};
+    for (const auto &[nombre, visible] : enlacesVisibles)
+        if (QWidget *w = visibles_.value(nombre))
+            w->setVisible(visible);
+}
+
+void PrincipalWindow::mostrarMenuEmergente(const QString &control, const QPoint &donde)
+{
+    switch (MenuAlPulsar(control, 2)) {
+    case MenuEmergente::menu_filtro:
+        menuFiltro_->popup(donde);
+        break;
+    case MenuEmergente::menu_popup_Accion:
+        menuPopupAccion_->popup(donde);
+        break;
+    case MenuEmergente::Ninguno:
+        break;
+    }
 }
 
 bool PrincipalWindow::eventFilter(QObject *objeto, QEvent *evento)
@@ -544,17 +623,42 @@ bool PrincipalWindow::eventFilter(QObject *objeto, QEvent *evento)
         alPulsar([this] { modelo_.Titulo_DblClick(); });
         return true;
     }
-    if (evento->type() == QEvent::MouseButtonPress) {
-        auto *raton = static_cast<QMouseEvent *>(evento);
-        if (raton->button() == Qt::RightButton) {
-            if (objeto == Titulo_) {
-                menuPopupAccion_->popup(raton->globalPosition().toPoint());
-                return true;
-            }
-            if (objeto == Titul_ || objeto == List1_ || objeto == List1_->viewport()) {
-                menuFiltro_->popup(raton->globalPosition().toPoint());
-                return true;
-            }
+    if (objeto == buscar_ && evento->type() == QEvent::FocusIn) {
+        alPulsar([this] { modelo_.buscar_GotFocus(); });
+        // After the click that gave the focus, which would place the cursor.
+        QTimer::singleShot(0, buscar_, [this] {
+            const Busqueda &b = modelo_.mercado.busqueda;
+            buscar_->setSelection(b.SelStart, b.SelLength);
+        });
+        return false;
+    }
+    if (objeto == Fecha_Fin_ && evento->type() == QEvent::MouseButtonPress &&
+        static_cast<QMouseEvent *>(evento)->button() == Qt::LeftButton) {
+        auto *arrastre = new QDrag(Fecha_Fin_);
+        auto *datos = new QMimeData;
+        datos->setText(Fecha_Fin_->objectName());
+        arrastre->setMimeData(datos);
+        arrastre->exec(Qt::MoveAction);
+        return true;
+    }
+    if (objeto == Image1_ && evento->type() == QEvent::DragEnter) {
+        static_cast<QDragEnterEvent *>(evento)->acceptProposedAction();
+        return true;
+    }
+    if (objeto == Image1_ && evento->type() == QEvent::Drop) {
+        auto *soltar = static_cast<QDropEvent *>(evento);
+        const QString origen = soltar->mimeData()->text();
+        const QDate fecha = QDate::fromString(Fecha_Fin_->text(), QStringLiteral("dd/MM/yyyy"));
+        alPulsar([&] { modelo_.Image1_DragDrop(origen, fecha); });
+        soltar->acceptProposedAction();
+        return true;
+    }
+    if (evento->type() == QEvent::MouseButtonPress &&
+        static_cast<QMouseEvent *>(evento)->button() == Qt::RightButton) {
+        const QString control = objeto == List1_->viewport() ? List1_->objectName() : objeto->objectName();
+        if (MenuAlPulsar(control, 2) != MenuEmergente::Ninguno) {
+            mostrarMenuEmergente(control, static_cast<QMouseEvent *>(evento)->globalPosition().toPoint());
+            return true;
         }
     }
     return QWidget::eventFilter(objeto, evento);

@@ -16,6 +16,7 @@ class QLineEdit;
 class QListWidget;
 class QMenu;
 class QMenuBar;
+class QPlainTextEdit;
 class QPushButton;
 class QStackedWidget;
 class QTabBar;
@@ -65,6 +66,8 @@ class PrincipalWindow : public QWidget
     void registrarVentanas();
     void copiarConfiguracion();
     void alPulsar(const std::function<void()> &evento);
+    void pintarMercado();
+    void mostrarMenuEmergente(const QString &control, const QPoint &donde);
     QPushButton *botonDeOrden(const QString &nombre, const QString &texto, QWidget *padre);
 
     Session &s_;
@@ -86,6 +89,9 @@ class PrincipalWindow : public QWidget
     QTimer *Timer1_ = nullptr;
     QHash<QString, QWidget *> visibles_; // controls whose visibility the model decides
     QMenu *menuFiltro_ = nullptr, *menuPopupAccion_ = nullptr;
+    QPushButton *Boton_Favorito_ = nullptr;
+    QPlainTextEdit *Comentario_ = nullptr;
+    QLabel *Fecha_Fin_ = nullptr, *Image1_ = nullptr;
 };
 
 } // namespace tesorel

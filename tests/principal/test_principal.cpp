@@ -37,9 +37,10 @@ struct Arranque : ::testing::Test {
             " (20, '2024-05-03', 6), (34001, '2024-05-03', 100);"
             "INSERT INTO Usuario (clave, NOMBRE, Password, Configuracion, Maximo_dias) VALUES"
             " (1, 'ana', 'a1', '101103210', 200), (2, 'luis', 'l2', NULL, NULL);");
-        for (const char *nombre : {"DefinirGraficas", "DibujarGrafica", "todos", "ibex", "Cartera",
-                                   "faboritos", "Importinet", "QuitarVerOperaciones", "Yahoo",
-                                   "CargarComentario", "VerOperaciones", "GrabarComentario", "LosqueSuben"})
+        // The lists, notes and favourites are the main window's own: only the
+        // commands of other subsystems are recorded.
+        for (const char *nombre : {"DefinirGraficas", "DibujarGrafica", "Importinet", "QuitarVerOperaciones",
+                                   "Yahoo", "VerOperaciones", "Generar_Serie_Cartera"})
             comandos.registrar(nombre, [this, nombre] { pedidos << nombre; });
         comandos.registrar("NoHay", [this] {
             pedidos << "NoHay";
@@ -75,10 +76,13 @@ TEST_F(Arranque, LoadThenLoginThenTheUsersSettings)
 {
     arrancar();
     EXPECT_EQ(pedidos, QStringList({"DefinirGraficas", "QuitarVerOperaciones", "DibujarGrafica", "form4",
-                                    "todos", "DibujarGrafica"})
-                           .replaceInStrings("todos", "faboritos"));
+                                    "DibujarGrafica"}));
+    // The user's list (index 3 of the combo) comes up right after the login.
+    EXPECT_EQ(p->mercado.lista.Titul, "En Seguimiento");
+    EXPECT_TRUE(p->mercado.lista.marcas.menu_seguimiento);
     EXPECT_EQ(campo("select * from Usuario_Actual", "fecha_Actual").toDate(), QDate(2024, 5, 3));
-    EXPECT_TRUE(p->Text1 == "ACERINOX" || p->Text1 == "BANKINTER") << p->Text1.toStdString();
+    EXPECT_TRUE(p->Text1() == "ACERINOX" || p->Text1() == "BANKINTER") << p->Text1().toStdString();
+    EXPECT_EQ(p->Codigo_Valor(), p->Text1() == "ACERINOX" ? 10 : 20);
     EXPECT_EQ(s.Usuario_Numero, 1);
     EXPECT_EQ(s.Maximo_Dias_Sesion, 200);
     EXPECT_EQ(p->config.Valores, 3);
@@ -118,7 +122,7 @@ TEST_F(Arranque, NoQuotesOpensTheImportFirst)
     EXPECT_TRUE(ui.messages.empty());
     EXPECT_EQ(pedidos.mid(0, 2), QStringList({"DefinirGraficas", "Importinet"}));
     EXPECT_EQ(campo("select * from Usuario_Actual", "fecha_Actual").toDate(), QDate(2024, 6, 10));
-    EXPECT_EQ(p->Text1, "BANKINTER");
+    EXPECT_EQ(p->Text1(), "BANKINTER");
 }
 
 TEST_F(Arranque, NothingImportedLeavesTheDateAndGoesOn)
@@ -145,11 +149,11 @@ TEST_F(Arranque, EscapeAtTheLoginEndsTheProgram)
 TEST_F(Arranque, SecondActivationKeepsValueAndUserWithoutLogin)
 {
     arrancar();
-    const QString valor = p->Text1;
+    const QString valor = p->Text1();
     pedidos.clear();
     p->Form_Activate();
     EXPECT_FALSE(pedidos.contains("form4"));
-    EXPECT_EQ(p->Text1, valor);
+    EXPECT_EQ(p->Text1(), valor);
     EXPECT_EQ(s.Usuario_Numero, 1);
 }
 
@@ -188,9 +192,9 @@ TEST_F(Arranque, RisersListIsNotRemembered)
 {
     arrancar();
     p->config.Valores = 1;
-    pedidos.clear();
     p->ejecutar("menu_massuben");
-    EXPECT_EQ(pedidos, QStringList{"LosqueSuben"});
+    EXPECT_EQ(p->mercado.lista.Titul, QStringLiteral("Los que más suben"));
+    EXPECT_TRUE(p->mercado.lista.marcas.menu_massuben);
     EXPECT_EQ(p->grabar_configuracion().mid(5, 1), "1");
 }
 
@@ -234,12 +238,15 @@ TEST_F(Arranque, TimerTurnsTheConnectionOnWhateverTheAddress)
 
 TEST_F(Arranque, TabsDispatchAndChooseTheIndicator)
 {
+    base.db->executeNative(
+        "INSERT INTO comentarios (codigo, Comentario) VALUES (10, 'vigilar el dividendo')");
     arrancar();
+    p->setText1("ACERINOX");
     struct Caso {
         int pestana;
         QString pedido, indicador;
     } casos[] = {{0, "Yahoo", "2"},
-                 {1, "CargarComentario", "2"},
+                 {1, "", "2"}, // the note, read here
                  {3, "DibujarGrafica", "1"},
                  {4, "DibujarGrafica", "2"},
                  {5, "DibujarGrafica", "3"},
@@ -254,9 +261,20 @@ TEST_F(Arranque, TabsDispatchAndChooseTheIndicator)
         EXPECT_EQ(pedidos, c.pedido.isEmpty() ? QStringList() : QStringList{c.pedido}) << c.pestana;
         EXPECT_EQ(p->config.Indicador_Actual, c.indicador) << c.pestana;
     }
+    EXPECT_EQ(p->mercado.notas.Comentario, "vigilar el dividendo");
     pedidos.clear();
     p->DibuGrafi3("Otro");
     EXPECT_TRUE(pedidos.isEmpty());
+}
+
+TEST_F(Arranque, ARegisteredTabProcedureTakesOverTheTabs)
+{
+    arrancar();
+    comandos.registrar("Pesta", [this] { pedidos << "Pesta:" + p->Pesta; });
+    pedidos.clear();
+    p->Pestanas_Click(1);
+    p->setText1(p->Text1() == "ACERINOX" ? "BANKINTER" : "ACERINOX"); // a selection refreshes the open tab
+    EXPECT_EQ(pedidos, QStringList({"Pesta:1", "QuitarVerOperaciones", "DibujarGrafica", "Pesta:1"}));
 }
 
 TEST_F(Arranque, CandleAndLinesKeepEachOtherConsistent)
@@ -275,25 +293,134 @@ TEST_F(Arranque, CandleAndLinesKeepEachOtherConsistent)
     EXPECT_EQ(c.Candle, 0);
 }
 
-TEST_F(Arranque, ListClickSelectsTheEntrysValue)
+TEST_F(Arranque, ListClickSavesTheNoteAndSelectsTheEntrysValue)
 {
     arrancar();
-    p->List1 = {{"ACERINOX  (ACX)", 10}, {"BANKINTER  (BKT)", 20}};
+    p->mercado.lista.List1.entradas = {{"ACERINOX  (ACX)", 10}, {"BANKINTER  (BKT)", 20}};
     p->setText1("ACERINOX"); // whatever value the start drew
-    p->List1_ListIndex = 1;
+    p->mercado.notas.Comentario = "comprar bajo 9";
     pedidos.clear();
-    p->List1_Click();
-    EXPECT_EQ(p->Text1, "BANKINTER");
-    EXPECT_EQ(p->Codigo_Valor, 20);
-    EXPECT_FALSE(p->Invertia_Visible);
-    EXPECT_EQ(pedidos, QStringList({"GrabarComentario", "QuitarVerOperaciones", "DibujarGrafica"}));
-    p->List1_ListIndex = 0;
-    p->List1_Click();
-    EXPECT_TRUE(p->Invertia_Visible);
-    p->List1_ListIndex = -1; // no entry: skipped
-    p->List1_Click();
-    EXPECT_EQ(p->Text1, "ACERINOX");
+    p->List1_Click(1);
+    EXPECT_EQ(p->Text1(), "BANKINTER");
+    EXPECT_EQ(p->Codigo_Valor(), 20);
+    EXPECT_FALSE(p->mercado.seleccion.enlaces.Invertia);
+    EXPECT_EQ(pedidos, QStringList({"QuitarVerOperaciones", "DibujarGrafica"}));
+    EXPECT_EQ(campo("select * from comentarios where codigo = 10", "Comentario").toString(),
+              "comprar bajo 9");
+    p->List1_Click(0);
+    EXPECT_TRUE(p->mercado.seleccion.enlaces.Invertia);
+    p->List1_Click(-1); // no entry: skipped
+    EXPECT_EQ(p->Text1(), "ACERINOX");
     EXPECT_TRUE(ui.messages.empty());
+}
+
+TEST_F(Arranque, PortfolioEntryMakesTheSeriesFirst)
+{
+    arrancar();
+    p->ejecutar("menu_ENcartera");
+    ASSERT_EQ(p->mercado.lista.List1.ListCount(), 1);
+    pedidos.clear();
+    p->List1_Click(0);
+    EXPECT_EQ(p->Text1(), "CARTERA ana"); // the series bears its user's name
+    EXPECT_EQ(pedidos, QStringList({"Generar_Serie_Cartera", "QuitarVerOperaciones", "DibujarGrafica"}));
+}
+
+TEST_F(Arranque, ButtonsAndMenusReachTheLists)
+{
+    arrancar();
+    // The controls of the left side, by their names, and the list each leaves on show.
+    const std::pair<const char *, const char *> casos[] = {
+        {"menu_todos", "Todos"},
+        {"boton_siguiente", "Los que más suben"},
+        {"boton_siguiente", "Ibex"},
+        {"boton_anterior", "Los que más suben"},
+        {"boton_anterior", "Todos"},
+        {"boton_anterior", "En Cartera"},
+        {"menu_seguimiento", "En Seguimiento"},
+        {"menu_ibex", "Ibex"},
+    };
+    for (const auto &[control, titulo] : casos) {
+        p->ejecutar(control);
+        EXPECT_EQ(p->mercado.lista.Titul, QString::fromUtf8(titulo)) << control;
+    }
+    p->config.Valores = 0;
+    p->Valores_Click();
+    EXPECT_EQ(p->mercado.lista.Titul, "Todos");
+    EXPECT_EQ(p->Sql_Lista(), p->mercado.lista.Sql_Lista);
+    QStringList entradas;
+    for (const auto &e : p->mercado.lista.List1.entradas)
+        entradas << e.texto;
+    EXPECT_EQ(entradas, QStringList({"ACERINOX  (ACX)", "BANKINTER  (BKT)"}));
+    EXPECT_TRUE(ui.messages.empty());
+}
+
+TEST_F(Arranque, FavouriteButtonFollowsTheValueOnShow)
+{
+    arrancar();
+    p->setText1("ACERINOX");
+    p->ejecutar("menu_seguimiento");
+    const auto &boton = p->mercado.favoritos.Boton_Favorito;
+    auto seguidos = [&] {
+        return campo("select count(*) as n from faboritos where valor = 10 and usuario = 1", "n").toInt();
+    };
+    EXPECT_TRUE(boton[0]);
+    p->ejecutar("Boton_Favorito");
+    EXPECT_EQ(seguidos(), 1);
+    EXPECT_TRUE(boton[2]);
+    EXPECT_EQ(p->mercado.lista.List1.ListCount(), 1); // the followed list is rebuilt
+    p->ejecutar("menu_popup_add");                    // the menu makes no test: a second row
+    EXPECT_EQ(seguidos(), 2);
+    p->ejecutar("Boton_Favorito"); // one removal takes both
+    EXPECT_EQ(seguidos(), 0);
+    EXPECT_TRUE(boton[0]);
+    // A drawing sets the button for the value on show.
+    p->ejecutar("menu_add_faboritos");
+    p->Check2_Click(1);
+    EXPECT_TRUE(boton[2]);
+}
+
+TEST_F(Arranque, SearchSelectsOrListsAndAnEmptyBoxBringsTheListBack)
+{
+    base.db->executeNative("INSERT INTO Codigo_Empresas VALUES (30, 'BANCO SABADELL', 'SAB', 'SABADELL', ''),"
+                           " (40, 'BANCO SANTANDER', 'SAN', 'SANTANDER', '')");
+    arrancar();
+    p->setText1("ACERINOX");
+    p->ejecutar("menu_todos");
+    p->buscar_Change("SAN");
+    p->buscar_Return();
+    EXPECT_EQ(p->Text1(), "BANCO SANTANDER");
+    EXPECT_EQ(p->mercado.busqueda.buscar(), ""); // a selection empties the box
+    p->buscar_Change("BANCO");
+    p->buscar_GotFocus();
+    EXPECT_EQ(p->mercado.busqueda.SelLength, 5);
+    p->buscar_Return();
+    EXPECT_EQ(p->mercado.lista.Titul, "Resultados");
+    EXPECT_EQ(p->mercado.lista.List1.ListCount(), 2);
+    p->buscar_Change("");
+    EXPECT_EQ(p->mercado.lista.Titul, "Todos");
+    p->buscar_Change("O'B"); // the apostrophe fails the statement alone
+    p->buscar_Return();
+    EXPECT_EQ(p->mercado.lista.Titul, "Todos");
+    EXPECT_EQ(p->Text1(), "BANCO SANTANDER");
+}
+
+TEST_F(Arranque, DroppingTheLastDateDeletesThatDay)
+{
+    arrancar();
+    const QDate dia(2024, 5, 2);
+    struct Caso {
+        QString origen;
+        int respuesta;
+        int quedan;
+    } casos[] = {{"Fecha_Inicio", mb::Yes, 1}, {"Fecha_Fin", mb::No, 1}, {"Fecha_Fin", mb::Yes, 0}};
+    for (const Caso &c : casos) {
+        ui.answers = {c.respuesta};
+        p->Image1_DragDrop(c.origen, dia);
+        EXPECT_EQ(campo("select count(*) as n from bolsa where fecha = '2024-05-02'", "n").toInt(), c.quedan)
+            << c.origen.toStdString();
+    }
+    ASSERT_EQ(ui.messages.size(), 2u);
+    EXPECT_EQ(ui.messages[0].prompt, QStringLiteral("¿ Deseas borrar cotizaciones del día 02/05/2024 ?"));
 }
 
 TEST_F(Arranque, ErrorRoutineSpeaksOnlyPastTheMark)

@@ -24,8 +24,10 @@
 #include "store/ui.h"
 #include "support/test_base.h"
 #include "windows/principal_window.h"
+#include "windows/test_principal_support.h"
 
 using namespace tesorel;
+using namespace tesorel::testing;
 
 // The font library keeps a cache for the life of the process; it is not ours to free.
 extern "C" const char *__lsan_default_suppressions()
@@ -35,103 +37,6 @@ extern "C" const char *__lsan_default_suppressions()
 
 namespace
 {
-
-QApplication &app()
-{
-    static int argc = 1;
-    static char name[] = "test_windows";
-    static char *argv[] = {name, nullptr};
-    // Never destroyed: tearing Qt's input devices down at exit crashes offscreen.
-    static QApplication *instance = new QApplication(argc, argv);
-    return *instance;
-}
-
-// Acts on the modal windows as they come up, in the order given. A window
-// that nobody expected is closed, so that a wrong order fails instead of hanging.
-class Guion
-{
-  public:
-    using Accion = std::function<void(QWidget *)>;
-    QStringList vistas;
-
-    Guion()
-    {
-        reloj_.setInterval(5);
-        QObject::connect(&reloj_, &QTimer::timeout, [this] { mirar(); });
-        reloj_.start();
-    }
-    void luego(const QString &ventana, Accion accion) { pasos_.push_back({ventana, std::move(accion)}); }
-    bool terminado() const { return pasos_.empty(); }
-
-  private:
-    struct Paso {
-        QString ventana;
-        Accion accion;
-    };
-    void mirar()
-    {
-        QWidget *w = QApplication::activeModalWidget();
-        if (ocupado_ || !w) {
-            espera_.invalidate();
-            return;
-        }
-        if (pasos_.empty() || w->objectName() != pasos_.front().ventana) {
-            if (!espera_.isValid())
-                espera_.start();
-            else if (espera_.elapsed() > 3000) {
-                vistas << "inesperada:" + w->objectName();
-                if (auto *d = qobject_cast<QDialog *>(w))
-                    d->reject();
-            }
-            return;
-        }
-        espera_.invalidate();
-        ocupado_ = true;
-        Paso paso = pasos_.front();
-        pasos_.pop_front();
-        vistas << w->objectName();
-        QPointer<QWidget> ventana = w;
-        // Out of the timer's slot: an action may open a modal window of its own.
-        QTimer::singleShot(0, [this, paso, ventana] {
-            ocupado_ = false;
-            if (ventana)
-                paso.accion(ventana);
-        });
-    }
-
-    std::deque<Paso> pasos_;
-    QTimer reloj_;
-    QElapsedTimer espera_;
-    bool ocupado_ = false;
-};
-
-template <class T> T *hijo(QWidget *w, const QString &nombre)
-{
-    T *c = w->findChild<T *>(nombre);
-    if (!c)
-        ADD_FAILURE() << "no control " << nombre.toStdString();
-    return c;
-}
-
-void tecla(QWidget *w, int key)
-{
-    QKeyEvent pulsar(QEvent::KeyPress, key, Qt::NoModifier);
-    QApplication::sendEvent(w, &pulsar);
-}
-
-// Chooses a user in the login window, types the password and presses Return.
-Guion::Accion entrar(const QString &usuario, const QString &clave)
-{
-    return [usuario, clave](QWidget *login) {
-        auto *lista = hijo<QListWidget>(login, "List1");
-        const auto items = lista->findItems(usuario, Qt::MatchExactly);
-        ASSERT_FALSE(items.isEmpty()) << usuario.toStdString();
-        lista->setCurrentItem(items.first());
-        auto *campo = hijo<QLineEdit>(login, "Clave");
-        campo->setText(clave);
-        tecla(campo, Qt::Key_Return);
-    };
-}
 
 struct Ventanas : ::testing::Test {
     tesorel::testing::TestBase base;
@@ -183,7 +88,7 @@ TEST_F(Ventanas, LoginComesFirstAndOnlyOnce)
     QString valorDuranteLogin;
     guion.luego("form4", [&](QWidget *w) {
         usuarioDuranteLogin = s.Usuario_Numero;
-        valorDuranteLogin = ventana.modelo().Text1;
+        valorDuranteLogin = ventana.modelo().Text1();
         entrar("luis", "l2")(w);
     });
     ventana.mostrar();
@@ -270,8 +175,6 @@ TEST_F(Ventanas, NewUserSettingsComeBackAfterARestart)
     ScriptedUi ui;
     Session s(ui, base.folder());
     Comandos comandos;
-    QStringList listas;
-    comandos.registrar("ibex", [&] { listas << "ibex"; });
     PrincipalWindow ventana(s, comandos);
     Guion guion;
     guion.luego("form4", entrar("marta", "m1234"));
@@ -282,7 +185,8 @@ TEST_F(Ventanas, NewUserSettingsComeBackAfterARestart)
     EXPECT_TRUE(hijo<QCheckBox>(&ventana, "Check2_5")->isChecked());
     EXPECT_TRUE(hijo<QCheckBox>(&ventana, "MostrarOperaciones")->isChecked());
     EXPECT_EQ(hijo<QComboBox>(&ventana, "Valores")->currentText(), "Ibex");
-    EXPECT_EQ(listas, QStringList{"ibex"});
+    EXPECT_EQ(hijo<QLabel>(&ventana, "Titul")->text(), "Ibex"); // the remembered list is on show
+    EXPECT_TRUE(ventana.findChild<QAction *>("menu_ibex")->isChecked());
     ventana.close();
 }
 
@@ -313,6 +217,8 @@ TEST_F(Ventanas, MainWindowHasItsControlsAndMenusInOrder)
                                "minimizar",
                                "boton_Comprar",
                                "Boton_Favorito",
+                               "Comentario",
+                               "Image1",
                                "LabelOnline",
                                "IndicadorOnline",
                                "Version"})

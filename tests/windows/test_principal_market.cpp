@@ -1,0 +1,260 @@
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QComboBox>
+#include <QFile>
+#include <QFocusEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTemporaryDir>
+
+#include "principal/comandos.h"
+#include "store/database.h"
+#include "store/recordset.h"
+#include "store/session.h"
+#include "store/ui.h"
+#include "windows/principal_window.h"
+#include "windows/test_principal_support.h"
+
+using namespace tesorel;
+using namespace tesorel::testing;
+
+namespace
+{
+
+// A press and release of `boton` at `donde`, as the window system sends them.
+void clic(QWidget *w, Qt::MouseButton boton, QPoint donde = {2, 2})
+{
+    const QPointF local(donde), global(w->mapToGlobal(donde));
+    QMouseEvent pulsar(QEvent::MouseButtonPress, local, global, boton, boton, Qt::NoModifier);
+    QApplication::sendEvent(w, &pulsar);
+    QMouseEvent soltar(QEvent::MouseButtonRelease, local, global, boton, Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(w, &soltar);
+}
+
+// The real main window on a copy of the sample base, logged in as demo.
+struct Mercado : ::testing::Test {
+    QTemporaryDir dir;
+    ScriptedUi ui;
+    std::unique_ptr<Session> s;
+    Comandos comandos;
+    QStringList dibujos; // the value on show each time the chart was asked to draw
+    std::unique_ptr<PrincipalWindow> ventana;
+
+    void SetUp() override
+    {
+        app();
+        const QString copia = dir.filePath("base1.mdb");
+        ASSERT_TRUE(QFile::copy(TESOREL_BINARY_DIR "/sample/base1.mdb", copia));
+        QFile::setPermissions(copia, QFile::ReadOwner | QFile::WriteOwner);
+        s = std::make_unique<Session>(ui, dir.path());
+        ventana = std::make_unique<PrincipalWindow>(*s, comandos, copia);
+        comandos.registrar("DibujarGrafica", [this] { dibujos << ventana->modelo().Text1(); });
+        Guion guion;
+        guion.luego("form4", entrar("demo", "demo"));
+        ventana->mostrar();
+        ASSERT_TRUE(guion.terminado()) << guion.vistas.join(",").toStdString();
+        ASSERT_EQ(s->Nombre_Usuario, "demo");
+    }
+    void TearDown() override
+    {
+        if (ventana)
+            ventana->close();
+    }
+
+    QListWidget *lista() { return hijo<QListWidget>(ventana.get(), "List1"); }
+    QString titulo() { return hijo<QLabel>(ventana.get(), "Titul")->text(); }
+    QString valor() { return hijo<QLineEdit>(ventana.get(), "Text1")->text(); }
+    bool visible(const QString &nombre)
+    {
+        return hijo<QWidget>(ventana.get(), nombre)->isVisibleTo(ventana.get());
+    }
+    QStringList entradas()
+    {
+        QStringList textos;
+        for (int i = 0; i < lista()->count(); ++i)
+            textos << lista()->item(i)->text();
+        return textos;
+    }
+    void pulsar(const QString &boton) { hijo<QPushButton>(ventana.get(), boton)->click(); }
+    void menu(const QString &entrada) { ventana->findChild<QAction *>(entrada)->trigger(); }
+    // A click on the entry whose text starts with `texto`.
+    void elegir(const QString &texto)
+    {
+        const auto items = lista()->findItems(texto, Qt::MatchStartsWith);
+        ASSERT_FALSE(items.isEmpty()) << texto.toStdString();
+        QListWidget *l = lista();
+        l->scrollToItem(items.first());
+        clic(l->viewport(), Qt::LeftButton, l->visualItemRect(items.first()).center());
+    }
+    void buscar(const QString &texto)
+    {
+        auto *caja = hijo<QLineEdit>(ventana.get(), "buscar");
+        caja->setText(texto);
+        tecla(caja, Qt::Key_Return);
+    }
+    int seguidos(double codigo)
+    {
+        auto rs =
+            s->Base_Datos->openRecordset("select * from faboritos where valor = " + QString::number(codigo) +
+                                         " and usuario = " + QString::number(s->Usuario_Numero));
+        int n = 0;
+        for (; !rs->Eof(); rs->MoveNext())
+            ++n;
+        return n;
+    }
+};
+
+TEST_F(Mercado, ListsFromMenusRingAndCombo)
+{
+    // A new configuration starts on "Todos".
+    EXPECT_EQ(titulo(), "Todos");
+    EXPECT_TRUE(entradas().contains("SANTANDER  (SAN)")) << entradas().join("|").toStdString();
+    const int todos = lista()->count();
+    EXPECT_GT(todos, 50);
+
+    struct Paso {
+        std::function<void()> accion;
+        QString titulo, marcado;
+    } pasos[] = {
+        {[&] { pulsar("boton_siguiente"); }, QStringLiteral("Los que más suben"), "menu_massuben"},
+        {[&] { pulsar("boton_siguiente"); }, "Ibex", "menu_ibex"},
+        {[&] { pulsar("boton_siguiente"); }, "En Seguimiento", "menu_seguimiento"},
+        {[&] { pulsar("boton_siguiente"); }, "En Cartera", "menu_ENcartera"},
+        {[&] { pulsar("boton_anterior"); }, "En Seguimiento", "menu_seguimiento"},
+        {[&] { menu("menu_ibex"); }, "Ibex", "menu_ibex"},
+        {[&] { menu("menu_todos"); }, "Todos", "menu_todos"},
+        {[&] {
+             auto *combo = hijo<QComboBox>(ventana.get(), "Valores");
+             combo->setCurrentIndex(2);
+             emit combo->activated(2);
+         },
+         "En Cartera", "menu_ENcartera"},
+    };
+    for (const Paso &p : pasos) {
+        p.accion();
+        EXPECT_EQ(titulo(), p.titulo);
+        for (const char *marca :
+             {"menu_todos", "menu_massuben", "menu_ibex", "menu_ENcartera", "menu_seguimiento"})
+            EXPECT_EQ(ventana->findChild<QAction *>(marca)->isChecked(), p.marcado == marca)
+                << p.titulo.toStdString() << " " << marca;
+    }
+    // The portfolio ends with the whole portfolio's own entry.
+    ASSERT_FALSE(entradas().isEmpty());
+    EXPECT_EQ(entradas().last(), "CARTERA");
+    menu("menu_seguimiento");
+    EXPECT_EQ(lista()->count(), 5); // the five followed values of the demo
+    EXPECT_TRUE(ui.messages.empty());
+}
+
+TEST_F(Mercado, ClickingValuesSelectsThemAndShowsTheirLinks)
+{
+    menu("menu_todos");
+    dibujos.clear();
+    elegir("SANTANDER  (SAN)");
+    EXPECT_EQ(valor(), "BANCO SANTANDER");
+    EXPECT_EQ(lista()->currentItem()->text(), "SANTANDER  (SAN)");
+    EXPECT_EQ(dibujos, QStringList{"BANCO SANTANDER"});
+    EXPECT_EQ(ventana->modelo().Codigo_Valor(), 25);
+    EXPECT_TRUE(visible("Invertia")); // the sample gives every value its identifier
+    const bool conWeb = !ventana->modelo().mercado.seleccion.enlaces.direccionWeb.isEmpty();
+    EXPECT_EQ(visible("laWEB"), conWeb);
+    EXPECT_EQ(visible("BolsaMadrid"),
+              !ventana->modelo().mercado.seleccion.enlaces.direccionLaBolsa.isEmpty());
+
+    // The whole portfolio: no company site behind it.
+    menu("menu_ENcartera");
+    elegir("CARTERA");
+    EXPECT_TRUE(valor().startsWith("CARTERA"));
+    EXPECT_FALSE(visible("laWEB"));
+    EXPECT_EQ(visible("BolsaMadrid"),
+              !ventana->modelo().mercado.seleccion.enlaces.direccionLaBolsa.isEmpty());
+    EXPECT_TRUE(ui.messages.empty());
+}
+
+TEST_F(Mercado, SearchGoesToTheTickerOrListsTheResults)
+{
+    menu("menu_ibex");
+    buscar("SAN");
+    EXPECT_EQ(valor(), "BANCO SANTANDER");
+    EXPECT_EQ(titulo(), "Ibex");
+    EXPECT_EQ(hijo<QLineEdit>(ventana.get(), "buscar")->text(), ""); // the selection empties the box
+
+    buscar("BANCO");
+    EXPECT_EQ(titulo(), "Resultados");
+    EXPECT_GE(lista()->count(), 4);
+    EXPECT_TRUE(entradas().contains("SABADELL  (BANCO SABADELL)")) << entradas().join("|").toStdString();
+    elegir("SABADELL");
+    EXPECT_EQ(valor(), "BANCO SABADELL");
+    EXPECT_EQ(titulo(), "Ibex"); // the emptied box brings the list back
+
+    buscar("ZZZ NADA");
+    EXPECT_EQ(titulo(), "Ibex");
+    EXPECT_EQ(valor(), "BANCO SABADELL");
+    hijo<QLineEdit>(ventana.get(), "buscar")->clear();
+
+    // Focus selects the whole text.
+    auto *caja = hijo<QLineEdit>(ventana.get(), "buscar");
+    caja->setText("REP");
+    QFocusEvent foco(QEvent::FocusIn, Qt::TabFocusReason);
+    QApplication::sendEvent(caja, &foco);
+    QApplication::processEvents();
+    EXPECT_EQ(caja->selectedText(), "REP");
+    EXPECT_TRUE(ui.messages.empty());
+}
+
+TEST_F(Mercado, FavouriteButtonAddsAndRemoves)
+{
+    menu("menu_seguimiento");
+    buscar("SAN");
+    auto *boton = hijo<QPushButton>(ventana.get(), "Boton_Favorito");
+    EXPECT_EQ(boton->text(), QStringLiteral("Añadir a Seguimiento"));
+    pulsar("Boton_Favorito");
+    EXPECT_EQ(seguidos(25), 1);
+    EXPECT_EQ(boton->text(), QStringLiteral("Quitar de Seguimiento"));
+    EXPECT_EQ(lista()->count(), 6); // the followed list is rebuilt
+    pulsar("Boton_Favorito");
+    EXPECT_EQ(seguidos(25), 0);
+    EXPECT_EQ(boton->text(), QStringLiteral("Añadir a Seguimiento"));
+    EXPECT_EQ(lista()->count(), 5);
+    EXPECT_TRUE(ui.messages.empty());
+}
+
+TEST_F(Mercado, NotesTabShowsTheNoteAndAListClickSavesIt)
+{
+    menu("menu_todos");
+    elegir("SANTANDER  (SAN)");
+    ventana->findChild<QTabBar *>(QStringLiteral("Pestañas"))->setCurrentIndex(1);
+    auto *nota = hijo<QPlainTextEdit>(ventana.get(), "Comentario");
+    EXPECT_TRUE(nota->toPlainText().startsWith("Dividendo en efectivo")) << nota->toPlainText().toStdString();
+    nota->setPlainText("Objetivo 5 euros");
+    elegir("SABADELL  (SAB)");
+    EXPECT_EQ(nota->toPlainText(), ""); // the open tab follows the new value
+    auto rs = s->Base_Datos->openRecordset("select * from comentarios where codigo = 25");
+    EXPECT_EQ(rs->field("Comentario").toString(), "Objetivo 5 euros");
+}
+
+TEST_F(Mercado, RightClicksOpenTheirPopups)
+{
+    auto *filtro = ventana->findChild<QMenu *>("menu_filtro");
+    auto *accion = ventana->findChild<QMenu *>("menu_popup_Accion");
+    struct Caso {
+        QWidget *control;
+        QMenu *menu;
+    } casos[] = {{lista()->viewport(), filtro},
+                 {hijo<QWidget>(ventana.get(), "Titul"), filtro},
+                 {hijo<QWidget>(ventana.get(), "Titulo"), accion}};
+    for (const Caso &c : casos) {
+        clic(c.control, Qt::RightButton);
+        EXPECT_TRUE(c.menu->isVisible()) << c.control->objectName().toStdString();
+        c.menu->hide();
+    }
+}
+
+} // namespace

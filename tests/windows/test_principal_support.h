@@ -1,0 +1,117 @@
+#pragma once
+// The offscreen application and the scripted modal windows shared by the
+// tests of the real main window.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDialog>
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPointer>
+#include <QTimer>
+#include <deque>
+#include <functional>
+
+namespace tesorel::testing
+{
+
+inline QApplication &app()
+{
+    static int argc = 1;
+    static char name[] = "test_windows";
+    static char *argv[] = {name, nullptr};
+    // Never destroyed: tearing Qt's input devices down at exit crashes offscreen.
+    static QApplication *instance = new QApplication(argc, argv);
+    return *instance;
+}
+
+// Acts on the modal windows as they come up, in the order given. A window
+// that nobody expected is closed, so that a wrong order fails instead of hanging.
+class Guion
+{
+  public:
+    using Accion = std::function<void(QWidget *)>;
+    QStringList vistas;
+
+    Guion()
+    {
+        reloj_.setInterval(5);
+        QObject::connect(&reloj_, &QTimer::timeout, [this] { mirar(); });
+        reloj_.start();
+    }
+    void luego(const QString &ventana, Accion accion) { pasos_.push_back({ventana, std::move(accion)}); }
+    bool terminado() const { return pasos_.empty(); }
+
+  private:
+    struct Paso {
+        QString ventana;
+        Accion accion;
+    };
+    void mirar()
+    {
+        QWidget *w = QApplication::activeModalWidget();
+        if (ocupado_ || !w) {
+            espera_.invalidate();
+            return;
+        }
+        if (pasos_.empty() || w->objectName() != pasos_.front().ventana) {
+            if (!espera_.isValid())
+                espera_.start();
+            else if (espera_.elapsed() > 3000) {
+                vistas << "inesperada:" + w->objectName();
+                if (auto *d = qobject_cast<QDialog *>(w))
+                    d->reject();
+            }
+            return;
+        }
+        espera_.invalidate();
+        ocupado_ = true;
+        Paso paso = pasos_.front();
+        pasos_.pop_front();
+        vistas << w->objectName();
+        QPointer<QWidget> ventana = w;
+        // Out of the timer's slot: an action may open a modal window of its own.
+        QTimer::singleShot(0, [this, paso, ventana] {
+            ocupado_ = false;
+            if (ventana)
+                paso.accion(ventana);
+        });
+    }
+
+    std::deque<Paso> pasos_;
+    QTimer reloj_;
+    QElapsedTimer espera_;
+    bool ocupado_ = false;
+};
+
+template <class T> T *hijo(QWidget *w, const QString &nombre)
+{
+    T *c = w->findChild<T *>(nombre);
+    if (!c)
+        ADD_FAILURE() << "no control " << nombre.toStdString();
+    return c;
+}
+
+inline void tecla(QWidget *w, int key)
+{
+    QKeyEvent pulsar(QEvent::KeyPress, key, Qt::NoModifier);
+    QApplication::sendEvent(w, &pulsar);
+}
+
+// Chooses a user in the login window, types the password and presses Return.
+inline Guion::Accion entrar(const QString &usuario, const QString &clave)
+{
+    return [usuario, clave](QWidget *login) {
+        auto *lista = hijo<QListWidget>(login, "List1");
+        const auto items = lista->findItems(usuario, Qt::MatchExactly);
+        ASSERT_FALSE(items.isEmpty()) << usuario.toStdString();
+        lista->setCurrentItem(items.first());
+        auto *campo = hijo<QLineEdit>(login, "Clave");
+        campo->setText(clave);
+        tecla(campo, Qt::Key_Return);
+    };
+}
+
+} // namespace tesorel::testing
