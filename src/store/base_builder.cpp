@@ -301,7 +301,8 @@ void addDemoUser(sqlite3 *db)
         // password at the login.
         Statement user(
             db, "INSERT INTO Usuario (NOMBRE, Password, Configuracion, Maximo_dias) VALUES (?, ?, ?, ?)");
-        user.bind(1, kDemoUser).bind(2, kDemoUser).bind(3, QString()).bind(4, 250.0).execute();
+        // Close and both averages drawn, the list "Todos", the RSI, operations on the chart.
+        user.bind(1, kDemoUser).bind(2, kDemoUser).bind(3, QStringLiteral("001110101")).bind(4, 250.0).execute();
         const long long demo = sqlite3_last_insert_rowid(db);
         user.bind(1, kDemoUser).bind(2, "738nomlib2").execute();
         user.bind(1, kDemoUser).bind(2, "sinllav627").execute();

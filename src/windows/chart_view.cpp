@@ -39,6 +39,19 @@ ChartView::ChartView(PainterSurface &surface, QWidget *parent) : QWidget(parent)
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
+void ChartView::guardar(const std::function<void()> &paso)
+{
+    // No failure of the chart's models may leave a mouse handler.
+    if (guardia_) {
+        guardia_(paso);
+        return;
+    }
+    try {
+        paso();
+    } catch (...) {
+    }
+}
+
 void ChartView::setModelos(OperacionesGrafica *operaciones, InteraccionGrafica *interaccion)
 {
     operaciones_ = operaciones;
@@ -70,39 +83,45 @@ int ChartView::etiquetaEn(const QPointF &pt) const
 
 void ChartView::mousePressEvent(QMouseEvent *ev)
 {
-    if (ev->button() == Qt::LeftButton) {
-        if (const int n = etiquetaEn(ev->position())) {
-            operaciones_->Compra_Click(n);
-            update();
-            return;
+    guardar([&] {
+        if (ev->button() == Qt::LeftButton) {
+            if (const int n = etiquetaEn(ev->position())) {
+                operaciones_->Compra_Click(n);
+                update();
+                return;
+            }
         }
-    }
-    if (interaccion_) {
-        const EscalaPixeles e = EscalaPixeles::de(surface_, width(), height());
-        interaccion_->Picture1_MouseDown(botones(ev->button()), mayusculas(ev->modifiers()),
-                                         e.ux(ev->position().x()), e.uy(ev->position().y()));
-        update();
-    }
+        if (interaccion_) {
+            const EscalaPixeles e = EscalaPixeles::de(surface_, width(), height());
+            interaccion_->Picture1_MouseDown(botones(ev->button()), mayusculas(ev->modifiers()),
+                                             e.ux(ev->position().x()), e.uy(ev->position().y()));
+            update();
+        }
+    });
 }
 
 void ChartView::mouseMoveEvent(QMouseEvent *ev)
 {
-    if (interaccion_ && ev->buttons() != Qt::NoButton) {
-        const EscalaPixeles e = EscalaPixeles::de(surface_, width(), height());
-        interaccion_->Picture1_MouseMove(botones(ev->buttons()), mayusculas(ev->modifiers()),
-                                         e.ux(ev->position().x()), e.uy(ev->position().y()));
-        update();
-    }
+    guardar([&] {
+        if (interaccion_ && ev->buttons() != Qt::NoButton) {
+            const EscalaPixeles e = EscalaPixeles::de(surface_, width(), height());
+            interaccion_->Picture1_MouseMove(botones(ev->buttons()), mayusculas(ev->modifiers()),
+                                             e.ux(ev->position().x()), e.uy(ev->position().y()));
+            update();
+        }
+    });
 }
 
 void ChartView::mouseReleaseEvent(QMouseEvent *ev)
 {
-    if (interaccion_) {
-        const EscalaPixeles e = EscalaPixeles::de(surface_, width(), height());
-        interaccion_->Picture1_MouseUp(botones(ev->button()), mayusculas(ev->modifiers()),
-                                       e.ux(ev->position().x()), e.uy(ev->position().y()));
-        update();
-    }
+    guardar([&] {
+        if (interaccion_) {
+            const EscalaPixeles e = EscalaPixeles::de(surface_, width(), height());
+            interaccion_->Picture1_MouseUp(botones(ev->button()), mayusculas(ev->modifiers()),
+                                           e.ux(ev->position().x()), e.uy(ev->position().y()));
+            update();
+        }
+    });
 }
 
 bool ChartView::event(QEvent *ev)

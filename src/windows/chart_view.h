@@ -1,5 +1,6 @@
 #pragma once
 #include <QWidget>
+#include <functional>
 
 namespace tesorel
 {
@@ -20,6 +21,8 @@ class ChartView : public QWidget
 
     // Either may be absent (the volume and indicator pictures have neither).
     void setModelos(OperacionesGrafica *operaciones, InteraccionGrafica *interaccion);
+    // Runs every mouse step; the window hands in its error guard.
+    void setGuardia(std::function<void(const std::function<void()> &)> guardia) { guardia_ = std::move(guardia); }
 
   protected:
     void paintEvent(QPaintEvent *) override;
@@ -32,7 +35,10 @@ class ChartView : public QWidget
     // The label of an operation under a point, as its element number; 0 for none.
     int etiquetaEn(const QPointF &p) const;
 
+    void guardar(const std::function<void()> &paso);
+
     PainterSurface &surface_;
+    std::function<void(const std::function<void()> &)> guardia_;
     OperacionesGrafica *operaciones_ = nullptr;
     InteraccionGrafica *interaccion_ = nullptr;
 };

@@ -1,4 +1,6 @@
 #include "windows/principal_window.h"
+#include "windows/chart_view.h"
+#include "windows/principal_charts.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -75,8 +77,10 @@ PrincipalWindow::PrincipalWindow(Session &s, Comandos &comandos, const QString &
     setObjectName("Principal");
     setWindowTitle(QStringLiteral("Tesorel"));
     setStyleSheet(HojaDeEstilo());
+    graficas_ = std::make_unique<GraficasVentana>(s_, modelo_, this);
     construir();
     registrarVentanas();
+    graficas_->registrar(comandos_);
 
     Timer1_ = new QTimer(this);
     Timer1_->setObjectName("Timer1");
@@ -223,7 +227,7 @@ QFrame *PrincipalWindow::construirCabecera()
             fila->addWidget(etiqueta(nombre + "_caption", antes, cabecera));
         auto *l = etiqueta(nombre, QString(), cabecera);
         l->setProperty("class", "cifra");
-        l->setMinimumWidth(56);
+        l->setMinimumWidth(76);
         fila->addWidget(l);
         return l;
     };
@@ -368,16 +372,8 @@ QWidget *PrincipalWindow::construirGraficas()
     auto *capa = new QVBoxLayout(lado);
     capa->setContentsMargins(10, 10, 10, 0);
     capa->setSpacing(6);
-    auto grafica = [&](const QString &nombre, QWidget *padre) {
-        auto *g = new QWidget(padre);
-        g->setObjectName(nombre);
-        g->setProperty("class", "grafica");
-        g->setAttribute(Qt::WA_StyledBackground);
-        g->setMinimumHeight(40);
-        return g;
-    };
-    capa->addWidget(grafica("Picture1", lado), 60);
-    capa->addWidget(grafica("Picture2", lado), 15);
+    capa->addWidget(graficas_->vista(1, lado), 60);
+    capa->addWidget(graficas_->vista(2, lado), 15);
 
     paginas_ = new QStackedWidget(lado);
     paginas_->setObjectName("Marco");
@@ -423,7 +419,7 @@ QWidget *PrincipalWindow::construirGraficas()
     auto *indicadores = pagina(QStringLiteral("pestaña_2"));
     auto *capaIndicador = new QVBoxLayout(indicadores);
     capaIndicador->setContentsMargins(0, 0, 0, 0);
-    capaIndicador->addWidget(grafica("Picture3", indicadores));
+    capaIndicador->addWidget(graficas_->vista(3, indicadores));
     pagina(QStringLiteral("pestaña_6"));
     pagina(QStringLiteral("pestaña_7"));
     pagina("MarcoChat");

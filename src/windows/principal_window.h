@@ -26,6 +26,7 @@ namespace tesorel
 {
 
 class Comandos;
+class GraficasVentana;
 class Session;
 
 // The main window: a frameless, full-screen form over the Principal model.
@@ -40,6 +41,7 @@ class PrincipalWindow : public QWidget
     ~PrincipalWindow() override;
 
     Principal &modelo() { return modelo_; }
+    GraficasVentana &graficas() { return *graficas_; }
     // Shows the window on the whole screen and runs its first activation (the login).
     void mostrar();
     // The Activate event of the form.
@@ -73,6 +75,7 @@ class PrincipalWindow : public QWidget
     Session &s_;
     Comandos &comandos_;
     Principal modelo_;
+    std::unique_ptr<GraficasVentana> graficas_; // the three charts
     QStringList ventanas_;
     bool pintando_ = false;
 

@@ -28,15 +28,6 @@ using namespace tesorel::testing;
 namespace
 {
 
-// A press and release of `boton` at `donde`, as the window system sends them.
-void clic(QWidget *w, Qt::MouseButton boton, QPoint donde = {2, 2})
-{
-    const QPointF local(donde), global(w->mapToGlobal(donde));
-    QMouseEvent pulsar(QEvent::MouseButtonPress, local, global, boton, boton, Qt::NoModifier);
-    QApplication::sendEvent(w, &pulsar);
-    QMouseEvent soltar(QEvent::MouseButtonRelease, local, global, boton, Qt::NoButton, Qt::NoModifier);
-    QApplication::sendEvent(w, &soltar);
-}
 
 // The real main window on a copy of the sample base, logged in as demo.
 struct Mercado : ::testing::Test {

@@ -9,6 +9,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMouseEvent>
 #include <QPointer>
 #include <QTimer>
 #include <deque>
@@ -98,6 +99,16 @@ inline void tecla(QWidget *w, int key)
 {
     QKeyEvent pulsar(QEvent::KeyPress, key, Qt::NoModifier);
     QApplication::sendEvent(w, &pulsar);
+}
+
+// A press and release of `boton` at `donde`, as the window system sends them.
+inline void clic(QWidget *w, Qt::MouseButton boton, QPoint donde = {2, 2})
+{
+    const QPointF local(donde), global(w->mapToGlobal(donde));
+    QMouseEvent pulsar(QEvent::MouseButtonPress, local, global, boton, boton, Qt::NoModifier);
+    QApplication::sendEvent(w, &pulsar);
+    QMouseEvent soltar(QEvent::MouseButtonRelease, local, global, boton, Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(w, &soltar);
 }
 
 // Chooses a user in the login window, types the password and presses Return.

@@ -1,0 +1,131 @@
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QFile>
+#include <QImage>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTemporaryDir>
+
+#include "charts/chart_interaction.h"
+#include "principal/comandos.h"
+#include "store/session.h"
+#include "store/ui.h"
+#include "windows/principal_charts.h"
+#include "windows/principal_window.h"
+#include "windows/test_principal_support.h"
+
+using namespace tesorel;
+using namespace tesorel::testing;
+
+namespace
+{
+
+// The real main window with its real charts on a copy of the sample base.
+struct Grafica : ::testing::Test {
+    QTemporaryDir dir;
+    ScriptedUi ui;
+    std::unique_ptr<Session> s;
+    Comandos comandos;
+    std::unique_ptr<PrincipalWindow> ventana;
+
+    void SetUp() override
+    {
+        app();
+        const QString copia = dir.filePath("base1.mdb");
+        ASSERT_TRUE(QFile::copy(TESOREL_BINARY_DIR "/sample/base1.mdb", copia));
+        QFile::setPermissions(copia, QFile::ReadOwner | QFile::WriteOwner);
+        s = std::make_unique<Session>(ui, dir.path());
+        ventana = std::make_unique<PrincipalWindow>(*s, comandos, copia);
+        Guion guion;
+        guion.luego("form4", entrar("demo", "demo"));
+        ventana->mostrar();
+        ASSERT_TRUE(guion.terminado()) << guion.vistas.join(",").toStdString();
+        ventana->resize(1280, 800);
+    }
+    void TearDown() override
+    {
+        if (ventana)
+            ventana->close();
+    }
+    QString etiqueta(const QString &nombre) { return hijo<QLabel>(ventana.get(), nombre)->text(); }
+    void elegir(const QString &texto)
+    {
+        auto *l = hijo<QListWidget>(ventana.get(), "List1");
+        const auto items = l->findItems(texto, Qt::MatchStartsWith);
+        ASSERT_FALSE(items.isEmpty()) << texto.toStdString();
+        l->scrollToItem(items.first());
+        clic(l->viewport(), Qt::LeftButton, l->visualItemRect(items.first()).center());
+    }
+    // How many pixels of the picture box carry a colour of the chart.
+    int pixeles(const QString &picture, QRgb color)
+    {
+        const QImage img = hijo<QWidget>(ventana.get(), picture)->grab().toImage();
+        int n = 0;
+        for (int y = 0; y < img.height(); ++y)
+            for (int x = 0; x < img.width(); ++x)
+                n += (img.pixel(x, y) & 0xFFFFFF) == (color & 0xFFFFFF);
+        return n;
+    }
+};
+
+// The close line is drawn in 16719920, blue in the high byte: RGB 30 20 FF.
+constexpr QRgb kCierre = 0x3020FF;
+
+TEST_F(Grafica, AValueClickedDrawsItsChartAndHeadLabels)
+{
+    ventana->findChild<QAction *>("menu_todos")->trigger();
+    elegir("INDITEX");
+    const std::string nombre = "INDUSTRIA DE DISEÑO TEXTIL";
+    EXPECT_EQ(ventana->modelo().Text1().toStdString(), nombre);
+    EXPECT_EQ(etiqueta("Titulo").toStdString(), nombre);
+    EXPECT_TRUE(etiqueta("Fecha_Fin").contains('/')) << etiqueta("Fecha_Fin").toStdString();
+    EXPECT_TRUE(etiqueta("Etiqueta_Maximo").contains(QStringLiteral("€")));
+    EXPECT_GT(pixeles("Picture1", kCierre), 100);
+
+    // Unticking the close takes its line away.
+    auto *cierre = hijo<QWidget>(ventana.get(), "Check2_3");
+    clic(cierre, Qt::LeftButton);
+    EXPECT_EQ(pixeles("Picture1", kCierre), 0);
+    EXPECT_TRUE(ui.messages.empty());
+}
+
+TEST_F(Grafica, ZoomTabsAndMeasuring)
+{
+    elegir("SANTANDER");
+    s->Maximo_Dias_Sesion = 100;
+    hijo<QPushButton>(ventana.get(), "Lupa_Mas")->click();
+    EXPECT_EQ(s->Maximo_Dias_Sesion, 200);
+    hijo<QPushButton>(ventana.get(), "Lupa_menos")->click();
+    hijo<QPushButton>(ventana.get(), "Lupa_menos")->click();
+    EXPECT_EQ(s->Maximo_Dias_Sesion, InteraccionGrafica::lupaMenos(100));
+
+    // The indicator tabs choose the indicator that is drawn.
+    auto *pestanas = hijo<QTabBar>(ventana.get(), QStringLiteral("Pestañas"));
+    pestanas->setCurrentIndex(3);
+    EXPECT_EQ(ventana->modelo().config.Indicador_Actual, "1");
+    pestanas->setCurrentIndex(5);
+    EXPECT_EQ(ventana->modelo().config.Indicador_Actual, "3");
+
+    // Measuring: press, drag and let go on the price chart.
+    QWidget *precio = hijo<QWidget>(ventana.get(), "Picture1");
+    const QPoint a(precio->width() / 3, precio->height() / 2), b(precio->width() * 2 / 3, precio->height() / 3);
+    QMouseEvent pulsar(QEvent::MouseButtonPress, QPointF(a), precio->mapToGlobal(QPointF(a)), Qt::LeftButton,
+                       Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(precio, &pulsar);
+    QMouseEvent mover(QEvent::MouseMove, QPointF(b), precio->mapToGlobal(QPointF(b)), Qt::NoButton,
+                      Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(precio, &mover);
+    QMouseEvent soltar(QEvent::MouseButtonRelease, QPointF(b), precio->mapToGlobal(QPointF(b)), Qt::LeftButton,
+                       Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(precio, &soltar);
+    const InteraccionGrafica &medir = ventana->graficas().interaccion;
+    EXPECT_FALSE(medir.Inicio.caption.isEmpty());
+    EXPECT_FALSE(medir.Fin.caption.isEmpty());
+    EXPECT_TRUE(ui.messages.empty());
+}
+
+} // namespace
