@@ -10,6 +10,7 @@
 #include "principal/principal.h"
 #include "store/session.h"
 #include "windows/chart_view.h"
+#include "windows/principal_window.h"
 
 namespace tesorel
 {
@@ -93,8 +94,8 @@ void GraficasVentana::mostrarEtiquetas()
         {"Fecha_Inicio", &e.Fecha_Inicio},
         {"Fecha_Fin", &e.Fecha_Fin}};
     modelo_.Titulo = e.Titulo.texto;
-    if (auto *t = ventana_->findChild<QLabel *>(QStringLiteral("Titulo")))
-        t->setText(e.Titulo.texto);
+    if (auto *w = qobject_cast<PrincipalWindow *>(ventana_))
+        w->pintarTitulo();
     for (const auto &[nombre, etiqueta] : etiquetas) {
         if (auto *l = ventana_->findChild<QLabel *>(QString::fromLatin1(nombre))) {
             l->setText(etiqueta->texto);

@@ -216,23 +216,25 @@ QFrame *PrincipalWindow::construirCabecera()
     cabecera->setFixedHeight(52);
     auto *fila = new QHBoxLayout(cabecera);
     fila->setContentsMargins(14, 4, 6, 4);
-    fila->setSpacing(12);
+    fila->setSpacing(8);
     fila->addWidget(etiqueta("Marca", QStringLiteral("Tesorel"), cabecera));
     Titulo_ = etiqueta("Titulo", QString(), cabecera);
-    Titulo_->setMinimumWidth(180);
+    // A long company name must not widen the window past the screen.
+    Titulo_->setFixedWidth(210);
     Titulo_->installEventFilter(this);
     fila->addWidget(Titulo_);
-    auto cifra = [&](const QString &nombre, const QString &antes = {}) {
-        if (!antes.isEmpty())
-            fila->addWidget(etiqueta(nombre + "_caption", antes, cabecera));
+    // Each figure is as wide as its longest text in the header's bold type.
+    auto cifra = [&](const QString &nombre, const QString &muestra = QStringLiteral("-000,00 €")) {
         auto *l = etiqueta(nombre, QString(), cabecera);
         l->setProperty("class", "cifra");
-        l->setMinimumWidth(76);
+        QFont negrita = l->font();
+        negrita.setBold(true);
+        l->setMinimumWidth(QFontMetrics(negrita).horizontalAdvance(muestra) + 8);
         fila->addWidget(l);
         return l;
     };
-    cifra("Fecha_Inicio");
-    Fecha_Fin_ = cifra("Fecha_Fin");
+    cifra("Fecha_Inicio", QStringLiteral("00/00/0000"));
+    Fecha_Fin_ = cifra("Fecha_Fin", QStringLiteral("00/00/0000"));
     Fecha_Fin_->installEventFilter(this);
     // The waste bin: the last date of the chart dropped here deletes that day.
     Image1_ = etiqueta("Image1", QString(), cabecera);
@@ -244,8 +246,12 @@ QFrame *PrincipalWindow::construirCabecera()
     cifra("Etiqueta_Maximo");
     cifra("Etiqueta_Minimo");
     cifra("Etiqueta_Porcentaje_total");
-    cifra("Etiqueta_Media", QStringLiteral("Med:"));
-    cifra("Etiqueta_Volumen_Medio", QStringLiteral("Vol:"));
+    // The average price and volume labels are never written: they stay hidden.
+    for (const QString &nombre : {QStringLiteral("Etiqueta_Media"), QStringLiteral("Etiqueta_Volumen_Medio")}) {
+        auto *l = etiqueta(nombre, QString(), cabecera);
+        l->setVisible(false);
+        fila->addWidget(l);
+    }
     cifra("Tiempot");
     fila->addStretch(1);
     NombreUsuario_ = etiqueta("NombreUsuario", QString(), cabecera);
@@ -266,6 +272,13 @@ QFrame *PrincipalWindow::construirCabecera()
     connect(minimizar, &QPushButton::clicked, this, &QWidget::showMinimized);
     connect(cerrar, &QPushButton::clicked, this, &QWidget::close);
     return cabecera;
+}
+
+// The value's name in the head, cut short with its whole text in the tooltip.
+void PrincipalWindow::ponerTitulo()
+{
+    Titulo_->setText(Titulo_->fontMetrics().elidedText(modelo_.Titulo, Qt::ElideRight, Titulo_->width() - 4));
+    Titulo_->setToolTip(modelo_.Titulo);
 }
 
 QFrame *PrincipalWindow::construirBotonera()
@@ -515,7 +528,7 @@ void PrincipalWindow::pintar()
     Text1_->setText(modelo_.Text1());
     Configuracion_->setText(modelo_.Configuracion);
     Pesta_->setText(modelo_.Pesta);
-    Titulo_->setText(modelo_.Titulo);
+    ponerTitulo();
     Version_->setText(modelo_.Version);
     LabelOnline_->setText(modelo_.LabelOnline);
     IndicadorOnline_->setStyleSheet(QString("background: %1; border-radius: 6px;")

@@ -48,6 +48,8 @@ class PrincipalWindow : public QWidget
     void activar();
     // Puts the model's state on the widgets.
     void pintar();
+    // Puts the value's name in the head.
+    void pintarTitulo() { ponerTitulo(); }
     // The modal windows this window opened, in order (for the start-up checks).
     const QStringList &ventanasMostradas() const { return ventanas_; }
 
@@ -58,6 +60,7 @@ class PrincipalWindow : public QWidget
 
   private:
     void construir();
+    void ponerTitulo();
     QFrame *construirCabecera();
     QFrame *construirBotonera();
     QWidget *construirEnlaces(QWidget *padre);

@@ -81,7 +81,7 @@ TEST_F(Grafica, AValueClickedDrawsItsChartAndHeadLabels)
     elegir("INDITEX");
     const std::string nombre = "INDUSTRIA DE DISEÑO TEXTIL";
     EXPECT_EQ(ventana->modelo().Text1().toStdString(), nombre);
-    EXPECT_EQ(etiqueta("Titulo").toStdString(), nombre);
+    EXPECT_EQ(hijo<QLabel>(ventana.get(), "Titulo")->toolTip().toStdString(), nombre);
     EXPECT_TRUE(etiqueta("Fecha_Fin").contains('/')) << etiqueta("Fecha_Fin").toStdString();
     EXPECT_TRUE(etiqueta("Etiqueta_Maximo").contains(QStringLiteral("€")));
     EXPECT_GT(pixeles("Picture1", kCierre), 100);
