@@ -13,8 +13,12 @@
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
+#include <algorithm>
 #include <benchmark/benchmark.h>
+#include <chrono>
 #include <cmath>
+#include <cstdio>
+#include <memory>
 #include <sqlite3.h>
 #include <vector>
 
@@ -108,15 +112,35 @@ BENCHMARK(BM_DibujarGrafica6000Dias)
 
 // The floor: the rows as the engine gives them, and the price, volume and
 // indicator lines of the same points as device-pixel polylines.
-void BM_Suelo(benchmark::State &state)
-{
-    Ventana v(2999);
-    v.dibujar();
-    auto db = Database::open(basePath());
-    QImage i1(kW, kH, QImage::Format_RGB32), i2(kW, 200, QImage::Format_RGB32),
-        i3(kW, 200, QImage::Format_RGB32);
-    const int puntos = 2999;
-    for (auto _ : state) {
+struct Suelo {
+    Ventana v{2999};
+    std::shared_ptr<Database> db;
+    QImage i1{kW, kH, QImage::Format_RGB32}, i2{kW, 200, QImage::Format_RGB32},
+        i3{kW, 200, QImage::Format_RGB32};
+    static constexpr int puntos = 2999;
+
+    Suelo()
+    {
+        v.dibujar();
+        db = Database::open(basePath());
+    }
+
+    void polilineas(QImage &img, const grafica &g, int sets, double lo, double hi)
+    {
+        img.fill(Qt::white);
+        QPainter p(&img);
+        std::vector<QPointF> pts(puntos);
+        const double sx = img.width() / double(puntos - 1), sy = img.height() / (hi - lo);
+        for (int s = 1; s <= sets; ++s) {
+            for (int i = 0; i < puntos; ++i)
+                pts[i] = QPointF(i * sx, img.height() - (g.valor(s, i + 1) - lo) * sy);
+            p.setPen(QPen(QColor(0, 0, 255), s == 4 || s == 7 || s == 8 ? 2 : 0));
+            p.drawPolyline(pts.data(), puntos);
+        }
+    }
+
+    void medir()
+    {
         sqlite3_stmt *st = nullptr;
         sqlite3_prepare_v2(db->handle(), "SELECT * FROM bolsa WHERE valor = 1 ORDER BY fecha", -1, &st,
                            nullptr);
@@ -126,23 +150,18 @@ void BM_Suelo(benchmark::State &state)
                 suma += sqlite3_column_double(st, c);
         sqlite3_finalize(st);
         benchmark::DoNotOptimize(suma);
-        auto polilineas = [&](QImage &img, const grafica &g, int sets, double lo, double hi) {
-            img.fill(Qt::white);
-            QPainter p(&img);
-            std::vector<QPointF> pts(puntos);
-            const double sx = img.width() / double(puntos - 1), sy = img.height() / (hi - lo);
-            for (int s = 1; s <= sets; ++s) {
-                for (int i = 0; i < puntos; ++i)
-                    pts[i] = QPointF(i * sx, img.height() - (g.valor(s, i + 1) - lo) * sy);
-                p.setPen(QPen(QColor(0, 0, 255), s == 4 || s == 7 || s == 8 ? 2 : 0));
-                p.drawPolyline(pts.data(), puntos);
-            }
-        };
         polilineas(i1, v.g.GraficaPrecio, 8, v.g.minimoGrafica, v.g.maximoGrafica);
         polilineas(i2, v.g.GraficaVolumen, 1, 0, 100000);
         polilineas(i3, v.g.GraficaIndicador, 2, -1, 1);
         benchmark::DoNotOptimize(i1.constBits());
     }
+};
+
+void BM_Suelo(benchmark::State &state)
+{
+    Suelo suelo;
+    for (auto _ : state)
+        suelo.medir();
 }
 BENCHMARK(BM_Suelo)->Unit(benchmark::kMillisecond)->Repetitions(9)->ReportAggregatesOnly(true);
 
@@ -152,8 +171,33 @@ int main(int argc, char **argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QGuiApplication app(argc, argv);
+    bool filtered = false; // a filtered run (profiling) skips the closing medians
+    for (int i = 1; i < argc; ++i)
+        filtered = filtered || QByteArray(argv[i]).startsWith("--benchmark_filter");
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
+    if (filtered)
+        return 0;
+
+    // Interleaved medians in this one run, for the ratio.
+    Ventana v(2999);
+    Suelo suelo;
+    std::vector<double> dibujo, suelos;
+    auto ms = [](auto &&f) {
+        const auto a = std::chrono::steady_clock::now();
+        f();
+        return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - a).count();
+    };
+    for (int i = 0; i < 41; ++i) {
+        dibujo.push_back(ms([&] { v.dibujar(); }));
+        suelos.push_back(ms([&] { suelo.medir(); }));
+    }
+    std::sort(dibujo.begin(), dibujo.end());
+    std::sort(suelos.begin(), suelos.end());
+    const double d = dibujo[dibujo.size() / 2], f = suelos[suelos.size() / 2];
+    std::printf("DibujarGrafica, 6000 days, 1200x800: median %.3f ms (target <= 5 ms)\n", d);
+    std::printf("floor (raw SQLite read + QPainter):   median %.3f ms\n", f);
+    std::printf("ratio DibujarGrafica / floor: %.2f\n", d / f);
     return 0;
 }

@@ -31,18 +31,6 @@ grafica::grafica(const bool *logaritmica)
 {
 }
 
-double &grafica::at(double set, double point)
-{
-    const int s = index(set, 1, kSets);
-    const int p = index(point, 1, kPoints);
-    return data_[std::size_t(s - 1) * kPoints + std::size_t(p - 1)];
-}
-
-double grafica::at(double set, double point) const
-{
-    return const_cast<grafica *>(this)->at(set, point);
-}
-
 double grafica::valor(double set, double point) const
 {
     return at(set, point);
@@ -167,27 +155,6 @@ double grafica::Top() const
 bool grafica::Visible() const
 {
     return control().visible();
-}
-
-void grafica::ThisPoint(double p)
-{
-    // A refill starts each point clean: no old month mark, no old date.
-    thisPoint_ = p;
-    const int i = index(p, 1, kPoints) - 1;
-    vertical_[i] = 0;
-    fecha_[i] = fechaCero();
-}
-
-void grafica::Graphdata(double &x)
-{
-    x = A_Escala(x, logaritmica());
-    at(thisSet_, thisPoint_) = x;
-    if (thisPoint_ == 1)
-        yAxisMin_ = 0;
-    if (yAxisMax_ < x)
-        yAxisMax_ = x;
-    if (yAxisMin_ > x)
-        yAxisMin_ = x;
 }
 
 void grafica::Fecha(const QDate &d)

@@ -1,4 +1,7 @@
 #pragma once
+#include "charts/checked_math.h"
+#include "core/scale.h"
+
 #include <QDate>
 #include <QString>
 #include <array>
@@ -69,9 +72,9 @@ class grafica
     void NumSets(double v) { numSets_ = v; }
     void Left(double v);
     void Height(double v);
-    void ThisPoint(double p);
+    inline void ThisPoint(double p);
     void ThisSet(double s) { thisSet_ = s; }
-    void Graphdata(double &x);
+    inline void Graphdata(double &x);
     void Graphdata(const double &x)
     {
         double v = x;
@@ -122,7 +125,8 @@ class grafica
     double valor(double set, double point) const; // Graphdata as stored
     QDate fechaDe(double point) const;
     bool verticalDe(double point) const;
-    static QDate fechaCero() { return QDate(1899, 12, 30); }
+    // 30/12/1899, the day of the date zero.
+    static constexpr QDate fechaCero() { return QDate::fromJulianDay(2415019); }
     Surface *surfacePtr() const { return surface_; } // the picture box, if any
 
   private:
@@ -132,8 +136,8 @@ class grafica
     void plotBars(double dx);
     void verticalMark(double i, double dx);
     void setLine(double s, double i, double dx);
-    double &at(double set, double point);
-    double at(double set, double point) const;
+    inline double &at(double set, double point);
+    double at(double set, double point) const { return const_cast<grafica *>(this)->at(set, point); }
     bool logaritmica() const { return logaritmica_ && *logaritmica_; }
     Surface &surface() const;
     Surface &control() const;
@@ -161,5 +165,37 @@ class grafica
     double colorCuadricula_ = 0;
     std::array<double, kSets> colorLinea_{};
 };
+
+// The calls made for every point of every set, inline for the indicator
+// routines and the price chart's fill.
+
+double &grafica::at(double set, double point)
+{
+    const int s = chartmath::index(set, 1, kSets);
+    const int p = chartmath::index(point, 1, kPoints);
+    return data_[std::size_t(s - 1) * kPoints + std::size_t(p - 1)];
+}
+
+void grafica::ThisPoint(double p)
+{
+    // A refill starts each point clean: no old month mark, no old date.
+    thisPoint_ = p;
+    const int i = chartmath::index(p, 1, kPoints) - 1;
+    vertical_[i] = 0;
+    fecha_[i] = fechaCero();
+}
+
+void grafica::Graphdata(double &x)
+{
+    if (logaritmica())
+        x = A_Escala(x, true);
+    at(thisSet_, thisPoint_) = x;
+    if (thisPoint_ == 1)
+        yAxisMin_ = 0;
+    if (yAxisMax_ < x)
+        yAxisMax_ = x;
+    if (yAxisMin_ > x)
+        yAxisMin_ = x;
+}
 
 } // namespace tesorel

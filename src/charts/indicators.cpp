@@ -55,8 +55,13 @@ void grafica_rsi(grafica &chart, IndicatorState &state, double dif, double, doub
 void grafica_momentum(grafica &chart, double cierre, double n, double p, HistoriaMomentum &historia)
 {
     chart.NumSets(1);
-    for (double i = n; i >= 1; --i)
-        historia[index(i, 0, 40)] = historia[index(i - 1, 0, 40)];
+    if (n >= 1 && n <= 40 && n == int(n)) {
+        for (int k = int(n); k >= 1; --k)
+            historia[std::size_t(k)] = historia[std::size_t(k - 1)];
+    } else {
+        for (double i = n; i >= 1; --i)
+            historia[index(i, 0, 40)] = historia[index(i - 1, 0, 40)];
+    }
     historia[0] = cierre;
     double v = finite(cierre - historia[index(n, 0, 40)]);
     chart.ThisPoint(p);

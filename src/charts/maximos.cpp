@@ -2,10 +2,23 @@
 
 #include "charts/checked_math.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace tesorel
 {
 
 using namespace chartmath;
+
+namespace
+{
+// The places 1..n of a ring scan that need no index check; the loop over
+// the rest (none for a whole period up to 200) keeps the checks.
+int wholePeriod(double periodo)
+{
+    return periodo >= 1 ? int(std::min(std::floor(periodo), 200.0)) : 0;
+}
+} // namespace
 
 double Maximos::Max(double valor, double periodo)
 {
@@ -62,7 +75,10 @@ double Maximos::Maxi(double valor, double periodo)
     posMax_ = mod(posMax_, periodo) + 1;
     ringMax_[index(posMax_, 1, 200) - 1] = valor;
     maximo_ = 0;
-    for (double i = 1; i <= periodo; ++i) {
+    const int n = wholePeriod(periodo);
+    for (int i = 1; i <= n; ++i)
+        maximo_ = std::max(maximo_, ringMax_[i - 1]);
+    for (double i = n + 1; i <= periodo; ++i) {
         const double v = ringMax_[index(i, 1, 200) - 1];
         if (v > maximo_)
             maximo_ = v;
@@ -75,7 +91,10 @@ double Maximos::Min(double valor, double periodo)
     posMin_ = mod(posMin_, periodo) + 1;
     ringMin_[index(posMin_, 1, 200) - 1] = valor;
     minimo_ = 1e21;
-    for (double i = 1; i <= periodo; ++i) {
+    const int n = wholePeriod(periodo);
+    for (int i = 1; i <= n; ++i)
+        minimo_ = std::min(minimo_, ringMin_[i - 1]);
+    for (double i = n + 1; i <= periodo; ++i) {
         const double v = ringMin_[index(i, 1, 200) - 1];
         if (v < minimo_)
             minimo_ = v;

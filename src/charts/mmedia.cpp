@@ -22,8 +22,14 @@ double MMedia::Siguiente_exponencial(double valor, double periodo)
 {
     if (exponencial_ == 0)
         exponencial_ = valor;
-    else
-        exponencial_ = finite((valor - exponencial_) * divide(2, periodo + 1) + exponencial_);
+    else {
+        // The weight of a period is worked out once, not at every value.
+        if (periodo != pesoDe_) {
+            peso_ = divide(2, periodo + 1);
+            pesoDe_ = periodo;
+        }
+        exponencial_ = finite((valor - exponencial_) * peso_ + exponencial_);
+    }
     return exponencial_;
 }
 

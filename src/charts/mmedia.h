@@ -1,5 +1,6 @@
 #pragma once
 #include <array>
+#include <limits>
 
 namespace tesorel
 {
@@ -30,6 +31,7 @@ class MMedia
     std::array<double, 200> ring_{}; // positions 1..200
     double posicion_ = 0;
     double exponencial_ = 0;
+    double pesoDe_ = std::numeric_limits<double>::quiet_NaN(), peso_ = 0; // 2 / (period + 1)
     double cuentaPonderada_ = 0;
     double cuentaSimple_ = 0;
 };

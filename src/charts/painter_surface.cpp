@@ -1,7 +1,9 @@
 #include "charts/painter_surface.h"
 
+#include "charts/pixel_raster.h"
+
 #include <QFontMetricsF>
-#include <QPen>
+#include <QPainter>
 #include <algorithm>
 #include <cmath>
 
@@ -53,6 +55,10 @@ PainterSurface::PainterSurface(int pixelWidth, int pixelHeight)
       scaleHeight_(float(image_.height()))
 {
     image_.fill(Qt::white);
+    pixelWidth_ = image_.width();
+    pixelHeight_ = image_.height();
+    stride_ = image_.bytesPerLine();
+    boxes_.setSize(image_.width(), image_.height());
     ascent_ = metrics_.ascent();
     lineHeight_ = metrics_.height();
 }
@@ -64,22 +70,13 @@ QColor PainterSurface::toQColor(int colour)
     return QColor(colourRed(colour), colourGreen(colour), colourBlue(colour));
 }
 
-QPainter &PainterSurface::painter()
+namespace
 {
-    if (!painter_) {
-        painter_ = std::make_unique<QPainter>(&image_);
-        painter_->setRenderHint(QPainter::Antialiasing, false);
-        painter_->setFont(font_);
-        penColour_ = penWidth_ = -1;
-    }
-    return *painter_;
-}
-
-QPointF PainterSurface::toPixels(float x, float y) const
+QRgb toRgb(int colour)
 {
-    return QPointF((double(x) - scaleLeft_) * image_.width() / scaleWidth_,
-                   (double(y) - scaleTop_) * image_.height() / scaleHeight_);
+    return qRgb(colourRed(colour), colourGreen(colour), colourBlue(colour));
 }
+} // namespace
 
 QRect PainterSurface::pixelRect(float x1, float y1, float x2, float y2) const
 {
@@ -91,43 +88,52 @@ QRect PainterSurface::pixelRect(float x1, float y1, float x2, float y2) const
     return QRect(QPoint(l, t), QPoint(r, bo));
 }
 
-void PainterSurface::usePen(int colour, int width)
+PixelRaster PainterSurface::raster()
 {
-    if (colour == penColour_ && width == penWidth_)
-        return;
-    QPen pen(toQColor(colour));
-    // Width 1 is the cosmetic pen, the rasterizer's fast path; flat caps
-    // and bevel joins keep wide pens off the trigonometry of round ones.
-    pen.setWidth(width <= 1 ? 0 : width);
-    pen.setCapStyle(Qt::FlatCap);
-    pen.setJoinStyle(Qt::BevelJoin);
-    painter().setPen(pen);
-    penColour_ = colour;
-    penWidth_ = width;
+    // Once after every read of the image: a copy the reader kept must not
+    // see later drawing.
+    if (!bits_)
+        bits_ = image_.bits();
+    return PixelRaster(bits_, stride_, int(pixelWidth_), int(pixelHeight_));
 }
 
-void PainterSurface::paintRun(Run &run)
+void PainterSurface::paintTexts()
 {
-    if (run.points.size() < 2) {
-        run.points.clear();
+    if (texts_.empty())
         return;
+    {
+        QPainter p(&image_);
+        p.setRenderHint(QPainter::Antialiasing, false);
+        p.setFont(font_);
+        for (const Text &t : texts_) {
+            p.setPen(QColor(t.colour));
+            p.drawText(t.baseline, t.text);
+        }
     }
-    usePen(run.colour, run.width);
-    painter().drawPolyline(run.points.data(), int(run.points.size()));
-    run.points.clear();
+    texts_.clear();
+    textArea_ = QRect();
+    bits_ = nullptr; // QPainter may have detached the image
 }
 
-void PainterSurface::flush()
+void PainterSurface::beforePixels(const QRect &area)
 {
-    for (Run &r : runs_)
-        paintRun(r);
-    runs_.clear();
+    if (!texts_.empty() && area.left() <= textArea_.right() && textArea_.left() <= area.right() &&
+        area.top() <= textArea_.bottom() && textArea_.top() <= area.bottom())
+        paintTexts();
 }
 
 void PainterSurface::clear()
 {
+    // Whatever was waiting would be painted over.
+    boxes_.drop();
+    for (Run &r : runs_) {
+        r.points.clear();
+        spareRuns_.push_back(std::move(r.points));
+    }
     runs_.clear();
-    painter().fillRect(image_.rect(), toQColor(backColor_));
+    texts_.clear();
+    textArea_ = QRect();
+    raster().fill(0, 0, image_.width() - 1, image_.height() - 1, toRgb(backColor_));
     currentX_ = 0;
     currentY_ = 0;
 }
@@ -141,44 +147,95 @@ void PainterSurface::line(float x1, float y1, float x2, float y2, int colour)
                          std::fabs(b.x()) > kFrame || std::fabs(b.y()) > kFrame;
     if (clipped && !clipToFrame(a, b))
         return;
+    paintWaitingBoxes();
     const int width = std::max(1, drawWidth_);
     auto it = std::find_if(runs_.begin(), runs_.end(),
                            [&](const Run &r) { return r.colour == colour && r.width == width; });
     if (it == runs_.end()) {
-        runs_.push_back(Run{colour, width, {}});
+        runs_.push_back(Run{colour, width, {}, 0, 0, 0, 0});
+        if (!spareRuns_.empty()) { // a frame's polylines reuse the last one's memory
+            runs_.back().points = std::move(spareRuns_.back());
+            spareRuns_.pop_back();
+        }
         it = runs_.end() - 1;
     }
     if (clipped || it->points.empty() || it->points.back() != a) {
         paintRun(*it);
         it->points.push_back(a);
+        it->left = it->right = a.x();
+        it->top = it->bottom = a.y();
     }
     it->points.push_back(b);
+    it->left = std::min(it->left, b.x());
+    it->right = std::max(it->right, b.x());
+    it->top = std::min(it->top, b.y());
+    it->bottom = std::max(it->bottom, b.y());
     if (clipped)
         paintRun(*it);
 }
 
+void PainterSurface::paintRun(Run &run)
+{
+    if (run.points.size() >= 2) {
+        if (!texts_.empty()) { // the pixels lie within the points' box and the pen
+            const int w = run.width;
+            beforePixels(QRect(QPoint(int(std::floor(run.left)) - w, int(std::floor(run.top)) - w),
+                               QPoint(int(std::ceil(run.right)) + w, int(std::ceil(run.bottom)) + w)));
+        }
+        PixelRaster r = raster();
+        const QRgb colour = toRgb(run.colour);
+        for (std::size_t i = 1; i < run.points.size(); ++i)
+            r.line(run.points[i - 1].x(), run.points[i - 1].y(), run.points[i].x(), run.points[i].y(),
+                   run.width, colour);
+    }
+    run.points.clear();
+}
+
+void PainterSurface::paintWaitingLines()
+{
+    for (Run &r : runs_) {
+        paintRun(r);
+        spareRuns_.push_back(std::move(r.points));
+    }
+    runs_.clear();
+}
+
+// QPainter's outline and fill of a pixel rectangle both reach one pixel
+// past its right and bottom corner.
 void PainterSurface::box(float x1, float y1, float x2, float y2, int colour)
 {
-    flush();
-    usePen(colour, std::max(1, drawWidth_));
-    painter().drawRect(pixelRect(x1, y1, x2, y2));
+    paintWaitingLines();
+    const QRect r = pixelRect(x1, y1, x2, y2).adjusted(0, 0, 1, 1);
+    beforePixels(r);
+    boxes_.outline(r.left(), r.top(), r.right(), r.bottom(), toRgb(colour));
 }
 
 void PainterSurface::filledBox(float x1, float y1, float x2, float y2, int colour)
 {
-    flush();
-    const QRect r = pixelRect(x1, y1, x2, y2);
-    painter().fillRect(r.adjusted(0, 0, 1, 1).intersected(image_.rect()), toQColor(colour));
+    paintWaitingLines();
+    const QRect r = pixelRect(x1, y1, x2, y2).adjusted(0, 0, 1, 1);
+    beforePixels(r);
+    boxes_.fill(r.left(), r.top(), r.right(), r.bottom(), toRgb(colour));
+}
+
+void PainterSurface::paintWaitingBoxes()
+{
+    if (!boxes_.empty())
+        boxes_.paint(raster());
 }
 
 void PainterSurface::print(const QString &text)
 {
-    flush();
+    paintWaitingLines();
+    paintWaitingBoxes();
     const QPointF at = toPixels(currentX_, currentY_);
     if (finitePoint(at) && std::fabs(at.x()) < kFrame && std::fabs(at.y()) < kFrame) {
-        QPainter &p = painter();
-        usePen(foreColor_, 1);
-        p.drawText(QPointF(at.x(), at.y() + ascent_), text);
+        const QPointF baseline(at.x(), at.y() + ascent_);
+        // Two pixels of slack for the rasterizer's rounding of glyphs.
+        const QRect area =
+            metrics_.boundingRect(text).translated(baseline).toAlignedRect().adjusted(-2, -2, 2, 2);
+        texts_.push_back(Text{baseline, toRgb(foreColor_), text});
+        textArea_ = textArea_.united(area);
     }
     currentX_ = scaleLeft_;
     currentY_ += textHeight(text);
@@ -196,8 +253,10 @@ float PainterSurface::textHeight(const QString &) const
 
 const QImage &PainterSurface::image()
 {
-    flush();
-    painter_.reset();
+    paintWaitingLines();
+    paintWaitingBoxes();
+    paintTexts();
+    bits_ = nullptr;
     return image_;
 }
 

@@ -1,26 +1,32 @@
 #pragma once
+#include "charts/box_queue.h"
+#include "charts/pixel_raster.h"
 #include "charts/surface.h"
 
 #include <QFont>
 #include <QFontMetricsF>
 #include <QImage>
-#include <QPainter>
 #include <QPointF>
+#include <QRect>
 #include <QString>
-#include <memory>
 #include <vector>
 
 namespace tesorel
 {
 
-// A picture box drawn with QPainter into an image of a fixed pixel size.
-// The user scale is mapped onto the whole image; pen widths are pixels;
-// text is DejaVu Sans 8 pt, measured and converted into user units.
+// A picture box drawn into an image of a fixed pixel size. The user scale
+// is mapped onto the whole image; pen widths are pixels; text is DejaVu
+// Sans 8 pt, measured and converted into user units.
 //
-// Consecutive line() calls are gathered into one polyline per pen and
-// painted when any other kind of call comes (or the image is read). Lines
-// of different pens drawn in the same run thus stack pen by pen rather
-// than segment by segment; a chart's lines never depend on that order.
+// Lines and boxes go straight into the pixels (see PixelRaster), which is
+// what makes a 3,000-point chart cheap. Consecutive line() calls are
+// gathered into one polyline per pen and painted when any other kind of
+// call comes: lines of different pens drawn in the same run stack pen by
+// pen rather than segment by segment, as the charts have always looked.
+// Text needs QPainter, so printed
+// texts wait and are painted together when the image is read, or earlier
+// when a line or box is about to touch the area they will cover: the
+// picture is the same as if every call had been painted in its turn.
 class PainterSurface : public Surface
 {
   public:
@@ -29,22 +35,22 @@ class PainterSurface : public Surface
 
     void setScaleLeft(float v) override
     {
-        flush();
+        paintWaitingLines();
         scaleLeft_ = v;
     }
     void setScaleTop(float v) override
     {
-        flush();
+        paintWaitingLines();
         scaleTop_ = v;
     }
     void setScaleWidth(float v) override
     {
-        flush();
+        paintWaitingLines();
         scaleWidth_ = v;
     }
     void setScaleHeight(float v) override
     {
-        flush();
+        paintWaitingLines();
         scaleHeight_ = v;
     }
     float scaleLeft() const override { return scaleLeft_; }
@@ -72,35 +78,54 @@ class PainterSurface : public Surface
     float textWidth(const QString &text) const override;
     float textHeight(const QString &text) const override;
 
-    // The picture so far (pending lines painted first).
+    // The picture so far (waiting texts painted first).
     const QImage &image();
     bool savePng(const QString &path);
 
     static QColor toQColor(int colour);
 
   private:
+    struct Text {
+        QPointF baseline;
+        QRgb colour;
+        QString text;
+    };
     struct Run {
         int colour;
         int width;
         std::vector<QPointF> points;
+        double left, top, right, bottom; // of the points
     };
-    QPainter &painter();
-    void flush();
     void paintRun(Run &run);
-    QPointF toPixels(float x, float y) const;
+    void paintWaitingLines();
+    PixelRaster raster();
+    void paintWaitingBoxes();
+    void paintTexts();
+    // Paints the waiting texts first if the pixels about to be drawn may
+    // touch them.
+    void beforePixels(const QRect &area);
+    QPointF toPixels(float x, float y) const
+    {
+        return QPointF((double(x) - scaleLeft_) * pixelWidth_ / scaleWidth_,
+                       (double(y) - scaleTop_) * pixelHeight_ / scaleHeight_);
+    }
     QRect pixelRect(float x1, float y1, float x2, float y2) const;
-    void usePen(int colour, int width);
 
     QImage image_;
-    std::unique_ptr<QPainter> painter_;
+    uchar *bits_ = nullptr; // image_'s pixels, detached, while no one has read it
+    double pixelWidth_ = 1, pixelHeight_ = 1;
+    qsizetype stride_ = 0;
     QFont font_;
     QFontMetricsF metrics_;
     double ascent_ = 0, lineHeight_ = 0;
-    std::vector<Run> runs_;
+    std::vector<Text> texts_;
+    QRect textArea_;        // what the waiting texts may cover
+    BoxQueue boxes_;        // boxes wait until a line, a text or a read
+    std::vector<Run> runs_; // lines wait, one polyline a pen, until anything else
+    std::vector<std::vector<QPointF>> spareRuns_;
     float scaleLeft_ = 0, scaleTop_ = 0, scaleWidth_, scaleHeight_;
     float currentX_ = 0, currentY_ = 0;
     int drawWidth_ = 1, foreColor_ = 0, backColor_ = 0xFFFFFF;
-    int penColour_ = -1, penWidth_ = -1;
 };
 
 } // namespace tesorel

@@ -32,6 +32,8 @@ std::shared_ptr<Database> Database::openHandle(const QString &path, int flags)
 {
     sqlite3 *db = nullptr;
     const QByteArray file = path.toUtf8();
+    // The base is used from the interface thread only: no mutex on every call.
+    flags |= SQLITE_OPEN_NOMUTEX;
     if (sqlite3_open_v2(file.constData(), &db, flags, nullptr) != SQLITE_OK) {
         const QString message = QString::fromUtf8(db ? sqlite3_errmsg(db) : "out of memory");
         sqlite3_close_v2(db);

@@ -5,9 +5,9 @@
 #include "charts/maximos.h"
 #include "charts/mmedia.h"
 #include "charts/painter_surface.h"
+#include "gui_app.h"
 
 #include <QDir>
-#include <QGuiApplication>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -18,16 +18,7 @@ namespace tesorel
 namespace
 {
 
-QGuiApplication &guiApp()
-{
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    static int argc = 1;
-    static char name[] = "test_charts";
-    static char *argv[] = {name, nullptr};
-    static QGuiApplication app(argc, argv);
-    return app;
-}
+using testing::guiApp;
 
 struct Quote {
     double close, high, low, average, money;
