@@ -35,13 +35,16 @@ QVariant variantDe(sqlite3_stmt *st, int col)
 // or one of at most four decimals that is the nearest double to them.
 double lecturaLocal(sqlite3_stmt *st, int col)
 {
-    const int type = sqlite3_column_type(st, col);
+    // One look at the column's value: its type and number without the
+    // statement's bookkeeping for each.
+    sqlite3_value *valor = sqlite3_column_value(st, col);
+    const int type = sqlite3_value_type(valor);
     if (type == SQLITE_INTEGER) {
-        const sqlite3_int64 n = sqlite3_column_int64(st, col);
+        const sqlite3_int64 n = sqlite3_value_int64(valor);
         if (n > -1000000000000000LL && n < 1000000000000000LL)
             return double(n);
     } else if (type == SQLITE_FLOAT) {
-        const double v = sqlite3_column_double(st, col);
+        const double v = sqlite3_value_double(valor);
         if (std::fabs(v) < 1e10) {
             const double n = std::nearbyint(v * 10000);
             if (n / 10000 == v)
@@ -55,8 +58,10 @@ double lecturaLocal(sqlite3_stmt *st, int col)
 // at its decimal comma, so a fraction is dropped.
 double lecturaPunto(sqlite3_stmt *st, int col)
 {
-    if (sqlite3_column_type(st, col) == SQLITE_FLOAT) {
-        const double v = sqlite3_column_double(st, col);
+    sqlite3_value *valor = sqlite3_column_value(st, col);
+    const int type = sqlite3_value_type(valor);
+    if (type == SQLITE_FLOAT) {
+        const double v = sqlite3_value_double(valor);
         const double a = std::fabs(v);
         if (a < 1e15 && v == std::trunc(v))
             return v;
@@ -65,8 +70,8 @@ double lecturaPunto(sqlite3_stmt *st, int col)
         const double frac = a - std::trunc(a);
         if (a >= 0.1 && a < 1e6 && frac > 1e-9 && frac < 1 - 1e-9)
             return std::trunc(v);
-    } else if (sqlite3_column_type(st, col) == SQLITE_INTEGER) {
-        const sqlite3_int64 n = sqlite3_column_int64(st, col);
+    } else if (type == SQLITE_INTEGER) {
+        const sqlite3_int64 n = sqlite3_value_int64(valor);
         if (n > -1000000000000000LL && n < 1000000000000000LL)
             return double(n);
     }
@@ -87,8 +92,9 @@ int digitos(const unsigned char *p, int n)
 // The store keeps dates as ISO text; anything else goes the recordset's way.
 QDate fechaDe(sqlite3_stmt *st, int col)
 {
-    if (sqlite3_column_type(st, col) == SQLITE_TEXT && sqlite3_column_bytes(st, col) >= 10) {
-        const unsigned char *t = sqlite3_column_text(st, col);
+    sqlite3_value *valor = sqlite3_column_value(st, col);
+    if (sqlite3_value_type(valor) == SQLITE_TEXT && sqlite3_value_bytes(valor) >= 10) {
+        const unsigned char *t = sqlite3_value_text(valor);
         if (t[4] == '-' && t[7] == '-') {
             const int y = digitos(t, 4), m = digitos(t + 5, 2), d = digitos(t + 8, 2);
             const QDate day = (y >= 0 && m >= 0 && d >= 0) ? QDate(y, m, d) : QDate();
@@ -154,8 +160,9 @@ void cargarSerie(Database &db, double codigo, RecordSeto &cursor)
         Fila f;
         if (sqlite3_column_type(st, c.fecha) != SQLITE_NULL)
             f.fecha = fechaDe(st, c.fecha);
-        const int tDif = sqlite3_column_type(st, c.dif);
-        f.v[0] = (tDif == SQLITE_FLOAT || tDif == SQLITE_INTEGER) ? sqlite3_column_double(st, c.dif)
+        sqlite3_value *dif = sqlite3_column_value(st, c.dif);
+        const int tDif = sqlite3_value_type(dif);
+        f.v[0] = (tDif == SQLITE_FLOAT || tDif == SQLITE_INTEGER) ? sqlite3_value_double(dif)
                                                                   : variantDe(st, c.dif).toDouble();
         f.v[1] = lecturaLocal(st, c.ultimo);
         f.v[2] = lecturaPunto(st, c.volumen);
