@@ -30,16 +30,25 @@ QString Texto_Nulo(const QVariant &value)
 
 namespace {
 constexpr double kWholeLimit = 1e15; // past it the text is in E notation
+
+// A whole number of the engine below the E notation reads back as itself.
+bool wholeField(const QVariant &value, double &out)
+{
+    const int type = value.typeId();
+    if (type != QMetaType::LongLong && type != QMetaType::Int)
+        return false;
+    const qlonglong n = value.toLongLong();
+    out = double(n);
+    return n > -kWholeLimit && n < kWholeLimit;
+}
 } // namespace
 
 double Lectura_Local(const QVariant &value)
 {
-    const int type = value.typeId();
-    if (type == QMetaType::LongLong || type == QMetaType::Int) {
-        const qlonglong n = value.toLongLong();
-        if (n > -kWholeLimit && n < kWholeLimit)
-            return double(n);
-    } else if (type == QMetaType::Double) {
+    double whole;
+    if (wholeField(value, whole))
+        return whole;
+    if (value.typeId() == QMetaType::Double) {
         // A number of at most four decimals that is the nearest double to
         // them comes back from its 15-digit text as itself.
         const double v = value.toDouble();
@@ -54,12 +63,10 @@ double Lectura_Local(const QVariant &value)
 
 double Lectura_Punto(const QVariant &value)
 {
-    const int type = value.typeId();
-    if (type == QMetaType::LongLong || type == QMetaType::Int) {
-        const qlonglong n = value.toLongLong();
-        if (n > -kWholeLimit && n < kWholeLimit)
-            return double(n);
-    } else if (type == QMetaType::Double) {
+    double whole;
+    if (wholeField(value, whole))
+        return whole;
+    if (value.typeId() == QMetaType::Double) {
         const double v = value.toDouble();
         const double a = std::fabs(v);
         if (a < kWholeLimit && v == std::trunc(v))

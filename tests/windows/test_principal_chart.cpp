@@ -25,41 +25,8 @@ namespace
 {
 
 // The real main window with its real charts on a copy of the sample base.
-struct Grafica : ::testing::Test {
-    QTemporaryDir dir;
-    ScriptedUi ui;
-    std::unique_ptr<Session> s;
-    Comandos comandos;
-    std::unique_ptr<PrincipalWindow> ventana;
-
-    void SetUp() override
-    {
-        app();
-        const QString copia = dir.filePath("base1.mdb");
-        ASSERT_TRUE(QFile::copy(TESOREL_BINARY_DIR "/sample/base1.mdb", copia));
-        QFile::setPermissions(copia, QFile::ReadOwner | QFile::WriteOwner);
-        s = std::make_unique<Session>(ui, dir.path());
-        ventana = std::make_unique<PrincipalWindow>(*s, comandos, copia);
-        Guion guion;
-        guion.luego("form4", entrar("demo", "demo"));
-        ventana->mostrar();
-        ASSERT_TRUE(guion.terminado()) << guion.vistas.join(",").toStdString();
-        ventana->resize(1280, 800);
-    }
-    void TearDown() override
-    {
-        if (ventana)
-            ventana->close();
-    }
+struct Grafica : VentanaDemo {
     QString etiqueta(const QString &nombre) { return hijo<QLabel>(ventana.get(), nombre)->text(); }
-    void elegir(const QString &texto)
-    {
-        auto *l = hijo<QListWidget>(ventana.get(), "List1");
-        const auto items = l->findItems(texto, Qt::MatchStartsWith);
-        ASSERT_FALSE(items.isEmpty()) << texto.toStdString();
-        l->scrollToItem(items.first());
-        clic(l->viewport(), Qt::LeftButton, l->visualItemRect(items.first()).center());
-    }
     // How many pixels of the picture box carry a colour of the chart.
     int pixeles(const QString &picture, QRgb color)
     {

@@ -29,36 +29,13 @@ namespace
 {
 
 
-// The real main window on a copy of the sample base, logged in as demo.
-struct Mercado : ::testing::Test {
-    QTemporaryDir dir;
-    ScriptedUi ui;
-    std::unique_ptr<Session> s;
-    Comandos comandos;
+struct Mercado : VentanaDemo {
     QStringList dibujos; // the value on show each time the chart was asked to draw
-    std::unique_ptr<PrincipalWindow> ventana;
 
-    void SetUp() override
+    void antesDeEntrar() override
     {
-        app();
-        const QString copia = dir.filePath("base1.mdb");
-        ASSERT_TRUE(QFile::copy(TESOREL_BINARY_DIR "/sample/base1.mdb", copia));
-        QFile::setPermissions(copia, QFile::ReadOwner | QFile::WriteOwner);
-        s = std::make_unique<Session>(ui, dir.path());
-        ventana = std::make_unique<PrincipalWindow>(*s, comandos, copia);
         comandos.registrar("DibujarGrafica", [this] { dibujos << ventana->modelo().Text1(); });
-        Guion guion;
-        guion.luego("form4", entrar("demo", "demo"));
-        ventana->mostrar();
-        ASSERT_TRUE(guion.terminado()) << guion.vistas.join(",").toStdString();
-        ASSERT_EQ(s->Nombre_Usuario, "demo");
     }
-    void TearDown() override
-    {
-        if (ventana)
-            ventana->close();
-    }
-
     QListWidget *lista() { return hijo<QListWidget>(ventana.get(), "List1"); }
     QString titulo() { return hijo<QLabel>(ventana.get(), "Titul")->text(); }
     QString valor() { return hijo<QLineEdit>(ventana.get(), "Text1")->text(); }
@@ -75,15 +52,6 @@ struct Mercado : ::testing::Test {
     }
     void pulsar(const QString &boton) { hijo<QPushButton>(ventana.get(), boton)->click(); }
     void menu(const QString &entrada) { ventana->findChild<QAction *>(entrada)->trigger(); }
-    // A click on the entry whose text starts with `texto`.
-    void elegir(const QString &texto)
-    {
-        const auto items = lista()->findItems(texto, Qt::MatchStartsWith);
-        ASSERT_FALSE(items.isEmpty()) << texto.toStdString();
-        QListWidget *l = lista();
-        l->scrollToItem(items.first());
-        clic(l->viewport(), Qt::LeftButton, l->visualItemRect(items.first()).center());
-    }
     void buscar(const QString &texto)
     {
         auto *caja = hijo<QLineEdit>(ventana.get(), "buscar");

@@ -12,7 +12,15 @@
 #include <QMouseEvent>
 #include <QPointer>
 #include <QTimer>
+#include <QFile>
+#include <QTemporaryDir>
 #include <deque>
+#include <memory>
+
+#include "principal/comandos.h"
+#include "store/session.h"
+#include "store/ui.h"
+#include "windows/principal_window.h"
 #include <functional>
 
 namespace tesorel::testing
@@ -124,5 +132,47 @@ inline Guion::Accion entrar(const QString &usuario, const QString &clave)
         tecla(campo, Qt::Key_Return);
     };
 }
+
+// The real main window on a copy of the sample base, logged in as demo.
+// A test that replaces a command does it in `antesDeEntrar`.
+struct VentanaDemo : ::testing::Test {
+    QTemporaryDir dir;
+    ScriptedUi ui;
+    std::unique_ptr<Session> s;
+    Comandos comandos;
+    std::unique_ptr<PrincipalWindow> ventana;
+
+    virtual void antesDeEntrar() {}
+
+    void SetUp() override
+    {
+        app();
+        const QString copia = dir.filePath("base1.mdb");
+        ASSERT_TRUE(QFile::copy(TESOREL_BINARY_DIR "/sample/base1.mdb", copia));
+        QFile::setPermissions(copia, QFile::ReadOwner | QFile::WriteOwner);
+        s = std::make_unique<Session>(ui, dir.path());
+        ventana = std::make_unique<PrincipalWindow>(*s, comandos, copia);
+        antesDeEntrar();
+        Guion guion;
+        guion.luego("form4", entrar("demo", "demo"));
+        ventana->mostrar();
+        ASSERT_TRUE(guion.terminado()) << guion.vistas.join(",").toStdString();
+        ASSERT_EQ(s->Nombre_Usuario, "demo");
+    }
+    void TearDown() override
+    {
+        if (ventana)
+            ventana->close();
+    }
+    // A click on the entry of List1 whose text starts with `texto`.
+    void elegir(const QString &texto)
+    {
+        auto *l = hijo<QListWidget>(ventana.get(), "List1");
+        const auto items = l->findItems(texto, Qt::MatchStartsWith);
+        ASSERT_FALSE(items.isEmpty()) << texto.toStdString();
+        l->scrollToItem(items.first());
+        clic(l->viewport(), Qt::LeftButton, l->visualItemRect(items.first()).center());
+    }
+};
 
 } // namespace tesorel::testing
