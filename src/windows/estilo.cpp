@@ -1,5 +1,7 @@
 #include "windows/estilo.h"
 
+#include "store/form_scaling.h"
+
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
@@ -18,9 +20,10 @@ void Centrar(QWidget *ventana)
     if (!pantalla)
         return;
     ventana->adjustSize();
-    QRect marco = ventana->frameGeometry();
-    marco.moveCenter(pantalla->availableGeometry().center());
-    ventana->move(marco.topLeft());
+    const QRect zona = pantalla->availableGeometry();
+    const QRect marco = ventana->frameGeometry();
+    const Posicion p = Centrar_Formulario(zona.width(), zona.height(), marco.width(), marco.height());
+    ventana->move(zona.left() + int(p.Left), zona.top() + int(p.Top));
 }
 
 QString HojaDeEstilo()
