@@ -88,6 +88,8 @@ void grafica::asociar(Surface *c)
     control_ = c;
     thisSet_ = 1;
     thisPoint_ = 1;
+    setPlace_ = 0;
+    pointPlace_ = 0;
     yAxisMax_ = 0;
 }
 

@@ -73,7 +73,7 @@ class grafica
     void Left(double v);
     void Height(double v);
     inline void ThisPoint(double p);
-    void ThisSet(double s) { thisSet_ = s; }
+    inline void ThisSet(double s);
     inline void Graphdata(double &x);
     void Graphdata(const double &x)
     {
@@ -160,6 +160,9 @@ class grafica
     double graphStyle_ = 0, gridStyle_ = 0;
     double numSets_ = 0;
     double thisSet_ = 0, thisPoint_ = 0;
+    // The two as places from 0 when both are whole and in range, else -1:
+    // Graphdata then skips the checks and the conversions.
+    int setPlace_ = -1, pointPlace_ = -1;
     QString mascara_;
     std::array<double, kSets> gruesoLinea_{};
     double colorCuadricula_ = 0;
@@ -180,18 +183,33 @@ void grafica::ThisPoint(double p)
 {
     // A refill starts each point clean: no old month mark, no old date.
     thisPoint_ = p;
+    pointPlace_ = -1; // stays so if the index fails
     const int i = chartmath::index(p, 1, kPoints) - 1;
+    if (i + 1 == p) // a rounded point number keeps the checked way
+        pointPlace_ = i;
     vertical_[i] = 0;
     fecha_[i] = fechaCero();
+}
+
+void grafica::ThisSet(double s)
+{
+    thisSet_ = s;
+    setPlace_ = s >= 1 && s <= kSets && static_cast<int>(s) == s ? static_cast<int>(s) - 1 : -1;
 }
 
 void grafica::Graphdata(double &x)
 {
     if (logaritmica())
         x = A_Escala(x, true);
-    at(thisSet_, thisPoint_) = x;
-    if (thisPoint_ == 1)
-        yAxisMin_ = 0;
+    if ((setPlace_ | pointPlace_) >= 0) {
+        data_[std::size_t(setPlace_) * kPoints + std::size_t(pointPlace_)] = x;
+        if (pointPlace_ == 0)
+            yAxisMin_ = 0;
+    } else {
+        at(thisSet_, thisPoint_) = x;
+        if (thisPoint_ == 1)
+            yAxisMin_ = 0;
+    }
     if (yAxisMax_ < x)
         yAxisMax_ = x;
     if (yAxisMin_ > x)

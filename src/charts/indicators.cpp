@@ -55,15 +55,21 @@ void grafica_rsi(grafica &chart, IndicatorState &state, double dif, double, doub
 void grafica_momentum(grafica &chart, double cierre, double n, double p, HistoriaMomentum &historia)
 {
     chart.NumSets(1);
+    double antes = 0; // the close n places back, once the history has moved on
     if (n >= 1 && n <= 40 && n == int(n)) {
+        // Read before the shift moves it to place n: reading it back just
+        // after the block move stalls on the stores.
+        antes = historia[std::size_t(n) - 1];
         for (int k = int(n); k >= 1; --k)
             historia[std::size_t(k)] = historia[std::size_t(k - 1)];
+        historia[0] = cierre;
     } else {
         for (double i = n; i >= 1; --i)
             historia[index(i, 0, 40)] = historia[index(i - 1, 0, 40)];
+        historia[0] = cierre;
+        antes = historia[index(n, 0, 40)];
     }
-    historia[0] = cierre;
-    double v = finite(cierre - historia[index(n, 0, 40)]);
+    double v = finite(cierre - antes);
     chart.ThisPoint(p);
     chart.ThisSet(1);
     chart.Graphdata(v);

@@ -82,7 +82,20 @@ QRect PainterSurface::pixelRect(float x1, float y1, float x2, float y2) const
 {
     // Both corners are inside the box, as the picture box fills them.
     QPointF a = toPixels(x1, y1), b = toPixels(x2, y2);
-    auto clampPx = [](double v) { return int(std::lround(std::clamp(v, -kFrame, kFrame))); };
+    // Rounds half away from zero as lround does, without the library call:
+    // v - i is exact for a clamped v.
+    auto clampPx = [](double v) {
+        if (std::isnan(v))
+            return int(std::lround(v));
+        v = std::clamp(v, -kFrame, kFrame);
+        int i = static_cast<int>(v);
+        const double f = v - i;
+        if (f >= 0.5)
+            ++i;
+        else if (f <= -0.5)
+            --i;
+        return i;
+    };
     const int l = clampPx(std::min(a.x(), b.x())), r = clampPx(std::max(a.x(), b.x()));
     const int t = clampPx(std::min(a.y(), b.y())), bo = clampPx(std::max(a.y(), b.y()));
     return QRect(QPoint(l, t), QPoint(r, bo));

@@ -7,6 +7,22 @@
 namespace tesorel
 {
 
+namespace
+{
+// std::floor without the library call; the frame keeps every value here
+// far inside the range of the integer type, where the result is the same.
+inline int floorInt(double v)
+{
+    const int i = static_cast<int>(v);
+    return i - (v < i);
+}
+inline std::int64_t floorInt64(double v)
+{
+    const auto i = static_cast<std::int64_t>(v);
+    return i - (v < static_cast<double>(i));
+}
+} // namespace
+
 void PixelRaster::fill(int l, int t, int r, int b, QRgb colour)
 {
     l = std::max(l, 0);
@@ -16,6 +32,13 @@ void PixelRaster::fill(int l, int t, int r, int b, QRgb colour)
     if (l > r || t > b)
         return;
     uchar *row = bits_ + t * stride_;
+    if (l == r) { // one column: the boxes' spans
+        QRgb *p = reinterpret_cast<QRgb *>(row) + l;
+        const qsizetype step = stride_ / qsizetype(sizeof(QRgb));
+        for (int n = b - t; n >= 0; --n, p += step)
+            *p = colour;
+        return;
+    }
     for (int y = t; y <= b; ++y, row += stride_) {
         QRgb *p = reinterpret_cast<QRgb *>(row);
         for (int x = l; x <= r; ++x)
@@ -34,8 +57,8 @@ void PixelRaster::line(double x1, double y1, double x2, double y2, int width, QR
         std::swap(c1, c2);
     }
     const int majorLimit = alongX ? w_ : h_, minorLimit = alongX ? h_ : w_;
-    const int first = std::max(int(std::floor(a1 + 0.5)), 0);
-    const int last = std::min(int(std::floor(a2 + 0.5)), majorLimit); // not included
+    const int first = std::max(floorInt(a1 + 0.5), 0);
+    const int last = std::min(floorInt(a2 + 0.5), majorLimit); // not included
     if (first >= last)
         return;
     width = std::max(width, 1);
@@ -45,8 +68,8 @@ void PixelRaster::line(double x1, double y1, double x2, double y2, int width, QR
     // The short axis in 32.32 fixed point: |slope| <= 1 and the frame
     // keeps coordinates far below 2^31.
     constexpr double kOne = 4294967296.0;
-    std::int64_t minor = std::int64_t(std::floor(start * kOne));
-    const std::int64_t step = std::int64_t(std::floor(slope * kOne));
+    std::int64_t minor = floorInt64(start * kOne);
+    const std::int64_t step = floorInt64(slope * kOne);
     const qsizetype minorStep = alongX ? stride_ : 4, majorStep = alongX ? 4 : stride_;
     uchar *at = bits_ + qsizetype(first) * majorStep;
     if (width == 1) {

@@ -120,6 +120,42 @@ TEST(GraficaData, IndicesOutOfRange)
     EXPECT_NEAR(v, 3, 1e-12);
 }
 
+// A fractional or bad cursor goes the rounded, checked way, not the
+// remembered slot of a whole in-range one.
+TEST(GraficaData, FractionalAndBadCursors)
+{
+    grafica g;
+    g.ThisSet(1);
+    g.ThisPoint(2);
+    double v = -8;
+    g.Graphdata(v); // the range now has a bottom of -8
+
+    g.ThisPoint(1.4); // rounds to point 1, but is not exactly point 1
+    v = -5;
+    g.Graphdata(v);
+    EXPECT_EQ(g.valor(1, 1), -5);
+    EXPECT_EQ(g.YAxisMin(), -8); // the bottom is not reset to 0 first
+
+    g.ThisPoint(1.5); // half to even: point 2
+    v = 3;
+    g.Graphdata(v);
+    EXPECT_EQ(g.valor(1, 2), 3);
+
+    g.ThisSet(2.5); // set 2
+    g.ThisPoint(3);
+    v = 4;
+    g.Graphdata(v);
+    EXPECT_EQ(g.valor(2, 3), 4);
+
+    g.ThisSet(std::nan(""));
+    v = 1;
+    EXPECT_NE(errorOf([&] { g.Graphdata(v); }), 0);
+
+    g.ThisSet(1);
+    errorOf([&] { g.ThisPoint(4000); });
+    EXPECT_EQ(errorOf([&] { g.Graphdata(v); }), err::SubscriptOutOfRange);
+}
+
 TEST(GraficaData, PositionsToPoints)
 {
     grafica g;

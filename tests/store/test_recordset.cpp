@@ -163,7 +163,12 @@ TEST_P(Navigation, FilterThenOpenRecordset)
 }
 
 INSTANTIATE_TEST_SUITE_P(Sources, Navigation,
-                         ::testing::Combine(::testing::ValuesIn(kSources), ::testing::Values(0, 1, 7)));
+                         ::testing::Combine(::testing::ValuesIn(kSources), ::testing::Values(0, 1, 7)),
+                         [](const ::testing::TestParamInfo<Navigation::ParamType> &info) {
+                             // The source's place in the table (three row counts each) and the rows.
+                             return "source" + std::to_string(info.index / 3) + "_rows" +
+                                    std::to_string(std::get<1>(info.param));
+                         });
 
 TEST_F(SmallBase, FieldsByNameInAnyCaseAndByPositionWithTypes)
 {
