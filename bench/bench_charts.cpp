@@ -12,6 +12,8 @@
 #include <QPainter>
 #include <algorithm>
 #include <benchmark/benchmark.h>
+
+#include "support/run_benchmarks.h"
 #include <chrono>
 #include <cmath>
 #include <cstdio>
@@ -303,14 +305,7 @@ int main(int argc, char **argv)
     gCharts = &charts;
     gRaw = &raw;
 
-    // A filtered run (profiling one benchmark) skips the closing medians.
-    bool filtered = false;
-    for (int i = 1; i < argc; ++i)
-        filtered = filtered || QByteArray(argv[i]).startsWith("--benchmark_filter");
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    if (filtered)
+    if (tesorel::bench::correrBenchmarks(argc, argv))
         return 0;
 
     // Interleaved medians in this one run, for the ratio.

@@ -15,6 +15,8 @@
 #include <QPainter>
 #include <algorithm>
 #include <benchmark/benchmark.h>
+
+#include "support/run_benchmarks.h"
 #include <chrono>
 #include <cmath>
 #include <cstdio>
@@ -171,13 +173,7 @@ int main(int argc, char **argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QGuiApplication app(argc, argv);
-    bool filtered = false; // a filtered run (profiling) skips the closing medians
-    for (int i = 1; i < argc; ++i)
-        filtered = filtered || QByteArray(argv[i]).startsWith("--benchmark_filter");
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    if (filtered)
+    if (tesorel::bench::correrBenchmarks(argc, argv))
         return 0;
 
     // Interleaved medians in this one run, for the ratio.

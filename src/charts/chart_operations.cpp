@@ -103,66 +103,63 @@ void OperacionesGrafica::VerOperacionesGrafica()
         VerOperacionesGraficaCartera();
         return;
     }
+    ponerPalos(
+        QStringLiteral(" and (valor = ") + CStr(g_.Codigo_Valor) + QStringLiteral(")"),
+        [&](Recordset &rs, double tipo, double x, double cantidad, LineaGrafica &palo, EtiquetaGrafica &e) {
+            const double precio =
+                A_Escala(rs.field(QStringLiteral("precio_operacion")).toDouble(), s_.Logaritmica);
+            const double h = e.height, w = e.width;
+            palo.x1 = palo.x2 = x;
+            if (tipo == 2) {
+                // Stands upward from the price; a purchase off the window (x 0) hides its label.
+                palo.y2 = precio;
+                palo.y1 = palo.y2 + 3 * h;
+                e.visible = palo.x1 > 0;
+                e.caption = QStringLiteral(" C") + Str(cantidad) + QStringLiteral(" ");
+                e.left = palo.x1 - w / 2;
+                e.top = palo.y1 + h;
+            } else {
+                // Hangs downward from the price, its label at the pole's own end.
+                e.fondo = kFondoVenta;
+                palo.y1 = precio;
+                palo.y2 = palo.y1 - 3 * h;
+                e.visible = true;
+                e.caption = QStringLiteral(" V") + Str(-cantidad) + QStringLiteral(" ");
+                e.left = palo.x1 - w / 2;
+                e.top = palo.y2;
+            }
+        });
+}
+
+void OperacionesGrafica::ponerPalos(const QString &condicion,
+                                    const std::function<void(Recordset &, double, double, double,
+                                                             LineaGrafica &, EtiquetaGrafica &)> &colocar)
+{
     QuitarVerOperaciones();
     auto rs = s_.Base_Datos->openRecordset(QStringLiteral("select * from historico  where (usuario = ") +
-                                           CStr(s_.Usuario_Numero) + QStringLiteral(") and (valor = ") +
-                                           CStr(g_.Codigo_Valor) + QStringLiteral(")"));
+                                           CStr(s_.Usuario_Numero) + QStringLiteral(")") + condicion);
     NumeroPalos = 0;
     for (; !rs->Eof(); rs->MoveNext()) {
         const double tipo = rs->field(QStringLiteral("operacionNum")).toDouble();
         if (tipo != 2 && tipo != 4)
             continue;
         const double x = g_.GraficaPrecio.QueNum(rs->field(QStringLiteral("Fecha_operacion")).toDate());
-        const double precio =
-            A_Escala(rs->field(QStringLiteral("precio_operacion")).toDouble(), s_.Logaritmica);
         const double cantidad = rs->field(QStringLiteral("Cantidad")).toDouble();
         const int n = ++NumeroPalos;
         LineaGrafica &palo = PaloCompra[n];
         EtiquetaGrafica &e = cargarEtiqueta(n);
-        const double h = e.height, w = e.width;
         palo.visible = true;
         e.toolTip = Texto_Nulo(rs->field(QStringLiteral("Operacion")));
-        palo.x1 = palo.x2 = x;
-        if (tipo == 2) {
-            // Stands upward from the price; a purchase off the window (x 0) hides its label.
-            palo.y2 = precio;
-            palo.y1 = palo.y2 + 3 * h;
-            e.visible = palo.x1 > 0;
-            e.caption = QStringLiteral(" C") + Str(cantidad) + QStringLiteral(" ");
-            e.left = palo.x1 - w / 2;
-            e.top = palo.y1 + h;
-        } else {
-            // Hangs downward from the price, its label at the pole's own end.
-            e.fondo = kFondoVenta;
-            palo.y1 = precio;
-            palo.y2 = palo.y1 - 3 * h;
-            e.visible = true;
-            e.caption = QStringLiteral(" V") + Str(-cantidad) + QStringLiteral(" ");
-            e.left = palo.x1 - w / 2;
-            e.top = palo.y2;
-        }
+        colocar(*rs, tipo, x, cantidad, palo, e);
     }
 }
 
 void OperacionesGrafica::VerOperacionesGraficaCartera()
 {
-    QuitarVerOperaciones();
-    auto rs = s_.Base_Datos->openRecordset(QStringLiteral("select * from historico  where (usuario = ") +
-                                           CStr(s_.Usuario_Numero) + QStringLiteral(")"));
-    NumeroPalos = 0;
-    for (; !rs->Eof(); rs->MoveNext()) {
-        const double tipo = rs->field(QStringLiteral("operacionNum")).toDouble();
-        if (tipo != 2 && tipo != 4)
-            continue;
-        const double x = g_.GraficaPrecio.QueNum(rs->field(QStringLiteral("Fecha_operacion")).toDate());
-        const double cantidad = rs->field(QStringLiteral("Cantidad")).toDouble();
-        const double valor = rs->field(QStringLiteral("VALOR")).toDouble();
-        const int n = ++NumeroPalos;
-        LineaGrafica &palo = PaloCompra[n];
-        EtiquetaGrafica &e = cargarEtiqueta(n);
+    ponerPalos(QString(), [&](Recordset &rs, double tipo, double x, double cantidad, LineaGrafica &palo,
+                              EtiquetaGrafica &e) {
+        const double valor = rs.field(QStringLiteral("VALOR")).toDouble();
         const double h = e.height, w = e.width;
-        palo.visible = true;
-        e.toolTip = Texto_Nulo(rs->field(QStringLiteral("Operacion")));
         // The foot stands on the portfolio's own line, not at the price.
         const double y = g_.GraficaPrecio.QuePrecio(double(x));
         palo.x1 = palo.x2 = x;
@@ -177,7 +174,7 @@ void OperacionesGrafica::VerOperacionesGraficaCartera()
             e.fondo = kFondoVenta;
         e.left = palo.x1 - w / 2;
         e.top = palo.y1 + h;
-    }
+    });
 }
 
 void OperacionesGrafica::QuitarVerOperaciones()

@@ -9,6 +9,7 @@ namespace tesorel
 {
 
 class GraficaPrincipal;
+class Recordset;
 class Session;
 
 // The user's purchases and sales of the value on show: the list of the
@@ -52,6 +53,11 @@ class OperacionesGrafica
     double altoEtiqueta() const;
     double anchoEtiqueta() const;
     bool esCartera() const;
+    // Walks the user's purchases and sales that `condicion` adds to the
+    // user's, making one pole and label for each; `colocar` places them.
+    void ponerPalos(const QString &condicion,
+                    const std::function<void(Recordset &, double tipo, double x, double cantidad,
+                                             LineaGrafica &, EtiquetaGrafica &)> &colocar);
 
     Session &s_;
     GraficaPrincipal &g_;

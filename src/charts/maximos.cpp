@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 
 namespace tesorel
 {
@@ -70,35 +71,36 @@ double Maximos::Mini(double valor, double periodo)
     return minimo_;
 }
 
-double Maximos::Maxi(double valor, double periodo)
+// The newest value goes into the ring; `extremo`, started at `inicio`,
+// becomes the extreme of the ring's first `periodo` places, the places not
+// yet written counting as zeros. A failing place leaves what was found so far.
+template <class Mejor>
+void extremoDelAnillo(std::array<double, 200> &anillo, double &pos, double valor, double periodo,
+                      double &extremo, double inicio, Mejor mejor)
 {
-    posMax_ = mod(posMax_, periodo) + 1;
-    ringMax_[index(posMax_, 1, 200) - 1] = valor;
-    maximo_ = 0;
+    pos = mod(pos, periodo) + 1;
+    anillo[size_t(index(pos, 1, 200) - 1)] = valor;
+    extremo = inicio;
     const int n = wholePeriod(periodo);
     for (int i = 1; i <= n; ++i)
-        maximo_ = std::max(maximo_, ringMax_[i - 1]);
+        if (mejor(anillo[size_t(i - 1)], extremo))
+            extremo = anillo[size_t(i - 1)];
     for (double i = n + 1; i <= periodo; ++i) {
-        const double v = ringMax_[index(i, 1, 200) - 1];
-        if (v > maximo_)
-            maximo_ = v;
+        const double v = anillo[size_t(index(i, 1, 200) - 1)];
+        if (mejor(v, extremo))
+            extremo = v;
     }
+}
+
+double Maximos::Maxi(double valor, double periodo)
+{
+    extremoDelAnillo(ringMax_, posMax_, valor, periodo, maximo_, 0.0, std::greater<double>());
     return maximo_;
 }
 
 double Maximos::Min(double valor, double periodo)
 {
-    posMin_ = mod(posMin_, periodo) + 1;
-    ringMin_[index(posMin_, 1, 200) - 1] = valor;
-    minimo_ = 1e21;
-    const int n = wholePeriod(periodo);
-    for (int i = 1; i <= n; ++i)
-        minimo_ = std::min(minimo_, ringMin_[i - 1]);
-    for (double i = n + 1; i <= periodo; ++i) {
-        const double v = ringMin_[index(i, 1, 200) - 1];
-        if (v < minimo_)
-            minimo_ = v;
-    }
+    extremoDelAnillo(ringMin_, posMin_, valor, periodo, minimo_, 1e21, std::less<double>());
     return minimo_;
 }
 

@@ -35,6 +35,17 @@ QLineEdit *campo(const QString &nombre, QWidget *padre, bool secreto = false)
         e->setEchoMode(QLineEdit::Password);
     return e;
 }
+// The form's fields above, "Aceptar" and "Cancelar" at the bottom right.
+void formularioConBotones(QDialog *ventana, QLayout *formulario, QPushButton *aceptar, QPushButton *cancelar)
+{
+    auto *botones = new QHBoxLayout;
+    botones->addStretch();
+    botones->addWidget(aceptar);
+    botones->addWidget(cancelar);
+    auto *capa = new QVBoxLayout(ventana);
+    capa->addLayout(formulario);
+    capa->addLayout(botones);
+}
 } // namespace
 
 Form4Dialog::Form4Dialog(Session &s, std::function<void(const QString &)> ponerConfiguracion, QWidget *parent)
@@ -195,13 +206,7 @@ NewUserDialog::NewUserDialog(Session &s, QWidget *parent) : QDialog(parent), s_(
     formulario->addRow(QStringLiteral("Nombre"), NOMBRE_);
     formulario->addRow(QStringLiteral("Clave"), Clave1_);
     formulario->addRow(QStringLiteral("Reentrar clave"), Clave2_);
-    auto *botones = new QHBoxLayout;
-    botones->addStretch();
-    botones->addWidget(Aceptar);
-    botones->addWidget(Cancelar);
-    auto *capa = new QVBoxLayout(this);
-    capa->addLayout(formulario);
-    capa->addLayout(botones);
+    formularioConBotones(this, formulario, Aceptar, Cancelar);
     NOMBRE_->installEventFilter(this);
     Clave1_->installEventFilter(this);
     connect(Aceptar, &QPushButton::clicked, this, [this] {
@@ -251,13 +256,7 @@ DatosUsuarioDialog::DatosUsuarioDialog(Session &s, ProveedorCorreo proveedor, QW
     formulario->addRow(QStringLiteral("Configuracion automatica para :"), Combo1_);
     auto *Aceptar = boton("Aceptar", QStringLiteral("Aceptar"), this);
     auto *Cancelar = boton("Cancelar", QStringLiteral("Cancelar"), this);
-    auto *botones = new QHBoxLayout;
-    botones->addStretch();
-    botones->addWidget(Aceptar);
-    botones->addWidget(Cancelar);
-    auto *capa = new QVBoxLayout(this);
-    capa->addLayout(formulario);
-    capa->addLayout(botones);
+    formularioConBotones(this, formulario, Aceptar, Cancelar);
 
     Centrar(this);
     guarded(s_, [this] { modelo_.Form_Load(); });
