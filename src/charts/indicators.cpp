@@ -13,13 +13,10 @@ void grafica_macd(grafica &chart, IndicatorState &state, double segundaMedia, do
 {
     chart.NumSets(2);
     state.macd = finite(segundaMedia - primeraMedia);
-    chart.ThisPoint(p);
-    chart.ThisSet(1);
-    // Written back: on a logarithmic chart the signal averages the logarithm.
-    chart.Graphdata(state.macd);
+    chart.Fila(p, &state.macd, 1);
     if (p == 1)
         state.senalMacd = MMedia();
-    double s = state.senalMacd.Siguiente(state.macd, 0, 7, 3);
+    const double s = state.senalMacd.Siguiente(state.macd, 0, 7, 3);
     chart.ThisSet(2);
     chart.Graphdata(s);
     // The crossing notes of the signal were never shown to anyone; they
@@ -33,23 +30,13 @@ void grafica_rsi(grafica &chart, IndicatorState &state, double dif, double, doub
         state.perdidas = MMedia();
     }
     chart.NumSets(3);
-    double u = 0, d = 0;
-    if (dif < 0) {
-        u = state.ganancias.Siguiente(0, 0, 14, 3);
-        d = state.perdidas.Siguiente(-dif, 0, 14, 3);
-    } else {
-        u = state.ganancias.Siguiente(dif, 0, 14, 3);
-        d = state.perdidas.Siguiente(0, 0, 14, 3);
-    }
+    // Chosen without a jump: a rise or a fall is a coin toss.
+    const bool baja = dif < 0;
+    const double u = state.ganancias.Siguiente(baja ? 0.0 : dif, 0, 14, 3);
+    const double d = state.perdidas.Siguiente(baja ? -dif : 0.0, 0, 14, 3);
     const double divisor = d == 0 ? 1 : d;
-    double r = finite(100 - divide(100, finite(1 + divide(u, divisor))));
-    chart.ThisPoint(p);
-    chart.ThisSet(1);
-    chart.Graphdata(r);
-    chart.ThisSet(2);
-    chart.Graphdata(30);
-    chart.ThisSet(3);
-    chart.Graphdata(70);
+    double fila[3] = {finite(100 - divide(100, finite(1 + divide(u, divisor)))), 30, 70};
+    chart.Fila(p, fila, 3);
 }
 
 void grafica_momentum(grafica &chart, double cierre, double n, double p, HistoriaMomentum &historia)
@@ -70,17 +57,17 @@ void grafica_momentum(grafica &chart, double cierre, double n, double p, Histori
         antes = historia[index(n, 0, 40)];
     }
     double v = finite(cierre - antes);
-    chart.ThisPoint(p);
-    chart.ThisSet(1);
-    chart.Graphdata(v);
+    chart.Fila(p, &v, 1);
 }
 
 void grafica_stocastico(grafica &chart, IndicatorState &state, double cierre, double maximo, double minimo,
                         double, double p)
 {
     chart.NumSets(4);
-    state.posicionEstocastico = mod(state.posicionEstocastico, 3) + 1;
-    const int pos = index(state.posicionEstocastico, 1, 3) - 1;
+    // The place after the last, 1 after 3; kept as an integer, as it
+    // always is, so that the next day does not wait for conversions.
+    const int pos = state.posicionEstocastico < 3 ? state.posicionEstocastico : 0; // from 0
+    state.posicionEstocastico = pos + 1;
     state.numeradores[pos] = finite(cierre - minimo);
     state.denominadores[pos] = finite(maximo - minimo);
     const double num = state.numeradores[0] + state.numeradores[1] + state.numeradores[2];
@@ -90,15 +77,8 @@ void grafica_stocastico(grafica &chart, IndicatorState &state, double cierre, do
         d = finite(divide(num, den) * 100);
     if (maximo != minimo)
         k = finite(divide(state.numeradores[pos], state.denominadores[pos]) * 100);
-    chart.ThisPoint(p);
-    chart.ThisSet(1);
-    chart.Graphdata(k);
-    chart.ThisSet(2);
-    chart.Graphdata(20);
-    chart.ThisSet(3);
-    chart.Graphdata(80);
-    chart.ThisSet(4);
-    chart.Graphdata(d);
+    double fila[4] = {k, 20, 80, d};
+    chart.Fila(p, fila, 4);
 }
 
 } // namespace tesorel

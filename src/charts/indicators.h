@@ -17,7 +17,7 @@ struct IndicatorState {
     double macd = 0;  // the current MACD value
     MMedia ganancias; // RSI, new at point 1
     MMedia perdidas;
-    double posicionEstocastico = 0;
+    int posicionEstocastico = 0; // the last place written, 1 to 3
     std::array<double, 3> numeradores{};
     std::array<double, 3> denominadores{};
 };

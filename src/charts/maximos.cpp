@@ -4,22 +4,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <functional>
 
 namespace tesorel
 {
 
 using namespace chartmath;
-
-namespace
-{
-// The places 1..n of a ring scan that need no index check; the loop over
-// the rest (none for a whole period up to 200) keeps the checks.
-int wholePeriod(double periodo)
-{
-    return periodo >= 1 ? int(std::min(std::floor(periodo), 200.0)) : 0;
-}
-} // namespace
 
 double Maximos::Max(double valor, double periodo)
 {
@@ -75,17 +66,31 @@ double Maximos::Mini(double valor, double periodo)
 // becomes the extreme of the ring's first `periodo` places, the places not
 // yet written counting as zeros. A failing place leaves what was found so far.
 template <class Mejor>
-void extremoDelAnillo(std::array<double, 200> &anillo, double &pos, double valor, double periodo,
+void extremoDelAnillo(std::array<double, 200> &anillo, std::int64_t &pos, double valor, double periodo,
                       double &extremo, double inicio, Mejor mejor)
 {
-    pos = mod(pos, periodo) + 1;
-    anillo[size_t(index(pos, 1, 200) - 1)] = valor;
+    // A whole period, as the charts always have: plain integers, and the
+    // extreme kept in a register and chosen without a jump (on a price
+    // series the comparisons go either way at random).
+    if (periodo >= 1 && periodo <= 200 && pos >= 0) {
+        const int n = int(periodo);
+        if (n == periodo) {
+            const std::int64_t siguiente = (pos < n ? pos : pos % n) + 1;
+            pos = siguiente;
+            anillo[size_t(siguiente - 1)] = valor;
+            double e = inicio;
+            for (int i = 0; i < n; ++i) {
+                const double v = anillo[size_t(i)];
+                e = mejor(v, e) ? v : e;
+            }
+            extremo = e;
+            return;
+        }
+    }
+    pos = std::int64_t(mod(double(pos), periodo)) + 1;
+    anillo[size_t(index(double(pos), 1, 200) - 1)] = valor;
     extremo = inicio;
-    const int n = wholePeriod(periodo);
-    for (int i = 1; i <= n; ++i)
-        if (mejor(anillo[size_t(i - 1)], extremo))
-            extremo = anillo[size_t(i - 1)];
-    for (double i = n + 1; i <= periodo; ++i) {
+    for (double i = 1; i <= periodo; ++i) {
         const double v = anillo[size_t(index(i, 1, 200) - 1)];
         if (mejor(v, extremo))
             extremo = v;

@@ -1,5 +1,6 @@
 #pragma once
 #include <array>
+#include <cstdint>
 
 namespace tesorel
 {
@@ -22,9 +23,9 @@ class Maximos
     double maximo_ = 0, edad_ = 0, segundoMaximo_ = 0, segundaEdad_ = 0;
     double minimo_ = 0, edadMin_ = 0, segundoMinimo_ = 0, segundaEdadMin_ = 0;
     std::array<double, 200> ringMax_{};
-    double posMax_ = 0;
+    std::int64_t posMax_ = 0; // ring places are whole numbers
     std::array<double, 200> ringMin_{};
-    double posMin_ = 0;
+    std::int64_t posMin_ = 0;
     double iniciado_ = 0;
 };
 

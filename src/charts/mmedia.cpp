@@ -7,30 +7,13 @@ namespace tesorel
 
 using namespace chartmath;
 
-double MMedia::Siguiente(double valor, double, double &periodo, double tipo)
+double MMedia::SiguienteEnAnillo(double valor, double &periodo, double tipo)
 {
     if (tipo == 1)
         return Siguiente_simple(valor, periodo);
     if (tipo == 2)
         return siguiente_ponderada(valor, periodo);
-    if (tipo == 3)
-        return Siguiente_exponencial(valor, periodo);
     return 0;
-}
-
-double MMedia::Siguiente_exponencial(double valor, double periodo)
-{
-    if (exponencial_ == 0)
-        exponencial_ = valor;
-    else {
-        // The weight of a period is worked out once, not at every value.
-        if (periodo != pesoDe_) {
-            peso_ = divide(2, periodo + 1);
-            pesoDe_ = periodo;
-        }
-        exponencial_ = finite((valor - exponencial_) * peso_ + exponencial_);
-    }
-    return exponencial_;
 }
 
 double MMedia::Siguiente_simple(double valor, double &periodo)

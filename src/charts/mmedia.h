@@ -1,4 +1,6 @@
 #pragma once
+#include "charts/checked_math.h"
+
 #include <array>
 #include <limits>
 
@@ -13,14 +15,18 @@ class MMedia
   public:
     // kind 1 simple, 2 weighted, 3 exponential; any other returns 0 and
     // feeds nothing. The second number is not read.
-    double Siguiente(double valor, double noLeido, double &periodo, double tipo);
+    double Siguiente(double valor, double /*noLeido*/, double &periodo, double tipo)
+    {
+        // The exponential, the one the charts use at every point, inline.
+        return tipo == 3 ? Siguiente_exponencial(valor, periodo) : SiguienteEnAnillo(valor, periodo, tipo);
+    }
     double Siguiente(double valor, double noLeido, const double &periodo, double tipo)
     {
         double n = periodo;
         return Siguiente(valor, noLeido, n, tipo);
     }
     // Restarts from the value whenever the average is exactly 0.
-    double Siguiente_exponencial(double valor, double periodo);
+    inline double Siguiente_exponencial(double valor, double periodo);
     // During the warm-up the period is shortened to the values seen, and
     // the caller's variable is left holding the shortened window.
     double siguiente_ponderada(double valor, double &periodo);
@@ -28,6 +34,7 @@ class MMedia
     static double sum(double n) { return (n + 1) * n / 2; }
 
   private:
+    double SiguienteEnAnillo(double valor, double &periodo, double tipo);
     std::array<double, 200> ring_{}; // positions 1..200
     double posicion_ = 0;
     double exponencial_ = 0;
@@ -35,5 +42,20 @@ class MMedia
     double cuentaPonderada_ = 0;
     double cuentaSimple_ = 0;
 };
+
+double MMedia::Siguiente_exponencial(double valor, double periodo)
+{
+    if (exponencial_ == 0)
+        exponencial_ = valor;
+    else {
+        // The weight of a period is worked out once, not at every value.
+        if (periodo != pesoDe_) {
+            peso_ = chartmath::divide(2, periodo + 1);
+            pesoDe_ = periodo;
+        }
+        exponencial_ = chartmath::finite((valor - exponencial_) * peso_ + exponencial_);
+    }
+    return exponencial_;
+}
 
 } // namespace tesorel

@@ -124,6 +124,19 @@ const Extremes kExtremes[] = {
     {"Min warm-up zeros", Op::Min, 5, {5, 4, 6, 7, 8, 9, 10}, {0, 0, 0, 0, 4, 4, 6}},
 };
 
+TEST(Maximos, RingKeepsItsPlaceWhenThePeriodChanges)
+{
+    // Period 4 fills places 1..4; period 2 goes on from 4 Mod 2 + 1 = 1 and
+    // reads places 1 and 2 only; 2.5 moves as 2 (rounded) and reads up to 2.
+    Maximos m;
+    for (double v : {1, 2, 3, 4})
+        m.Maxi(v, 4);
+    EXPECT_EQ(m.Maxi(9, 2), 9); // ring 9 2 3 4
+    EXPECT_EQ(m.Maxi(0, 2), 9); // ring 9 0 3 4
+    EXPECT_EQ(m.Maxi(1, 2.5), 1); // ring 1 0 3 4
+    EXPECT_EQ(m.Maxi(-5, 4), 4); // place 2: ring 1 -5 3 4
+}
+
 double feed(Maximos &m, Op op, double v, double n)
 {
     switch (op) {

@@ -6,6 +6,7 @@
 
 #include <cmath>
 #include <functional>
+#include <vector>
 
 namespace tesorel
 {
@@ -72,6 +73,38 @@ TEST(GraficaData, LogarithmicScaleConvertsWhatItIsGiven)
     g.ThisPoint(2);
     g.Graphdata(100);
     EXPECT_EQ(g.valor(1, 2), 100);
+}
+
+TEST(GraficaData, ARowAtOnceLeavesTheChartAsSetBySet)
+{
+    // Rows with negatives at point 1 (the bottom restarts at 0 at each
+    // set), a NaN that no extreme takes, and a point past the last.
+    struct Row {
+        double point;
+        std::vector<double> values;
+    } rows[] = {{1, {-3, 4, -1}}, {1, {-3, 4, 2}}, {2, {7, std::nan(""), -6}}, {3, {0.5}}, {3000, {-9, 11}},
+                {2.5, {1, 2}}};
+    for (bool log : {false, true}) {
+        grafica porFilas(&log), porSeries(&log);
+        for (const Row &r : rows) {
+            std::vector<double> fila = r.values;
+            porFilas.Fila(r.point, fila.data(), int(fila.size()));
+            porSeries.ThisPoint(r.point);
+            for (std::size_t s = 0; s < r.values.size(); ++s) {
+                porSeries.ThisSet(double(s + 1));
+                double v = r.values[s];
+                porSeries.Graphdata(v);
+                EXPECT_TRUE(fila[s] == v || (std::isnan(fila[s]) && std::isnan(v))) << "written back, log " << log;
+            }
+            EXPECT_EQ(porFilas.YAxisMax(), porSeries.YAxisMax()) << "point " << r.point << " log " << log;
+            EXPECT_EQ(porFilas.YAxisMin(), porSeries.YAxisMin()) << "point " << r.point << " log " << log;
+            EXPECT_EQ(porFilas.ThisSet(), porSeries.ThisSet());
+            for (std::size_t s = 1; s <= r.values.size(); ++s) {
+                const double a = porFilas.valor(double(s), r.point), b = porSeries.valor(double(s), r.point);
+                EXPECT_TRUE(a == b || (std::isnan(a) && std::isnan(b))) << s << "," << r.point;
+            }
+        }
+    }
 }
 
 TEST(GraficaData, ThisPointStartsThePointClean)
