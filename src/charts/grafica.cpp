@@ -64,6 +64,27 @@ void grafica::Anular_split(bool flag)
         yAxisMin_ = divide(yAxisMin_, split_);
         yAxisMax_ = divide(yAxisMax_, split_);
     }
+    // The fore colour is set for every set of every point, but only the
+    // last one stays, or the one where a division failed.
+    if (surface_ && numPoints_ >= 0 && numPoints_ <= kPoints && numSets_ >= 0 && numSets_ <= kSets) {
+        const int puntos = int(numPoints_), series = int(numSets_);
+        if (puntos < 1 || series < 1)
+            return;
+        int s = 1;
+        try {
+            if (split_ != 0)
+                for (int i = 0; i < puntos; ++i)
+                    for (s = 1; s <= series; ++s) {
+                        double &v = data_[std::size_t(s - 1) * kPoints + std::size_t(i)];
+                        v = divide(v, split_);
+                    }
+        } catch (const RuntimeError &) {
+            surface_->setForeColor(s);
+            throw;
+        }
+        surface_->setForeColor(series);
+        return;
+    }
     for (double i = 1; i <= numPoints_; ++i)
         for (double s = 1; s <= numSets_; ++s) {
             surface().setForeColor(toLong(s));

@@ -140,7 +140,21 @@ class grafica
     void plotCandles(double dx);
     void plotBars(double dx);
     void verticalMark(double i, double dx);
-    void setLine(double s, double i, double dx);
+    // A set's pen and the x of a point's segment, worked out once for all
+    // the sets; a flag down stands for a conversion that failed.
+    struct Pluma {
+        bool conAncho = false, conColor = false, conBorde = false;
+        int ancho = 0, color = 0, borde = 0; // borde: the outline of a bar
+    };
+    using Plumas = std::array<Pluma, kSets + 1>;
+    struct Tramo {
+        bool valido = false;
+        float desde = 0, hasta = 0;
+    };
+    Plumas plumas() const;
+    Tramo tramo(double i, double dx) const;
+    void setLine(int s, double i, const Tramo &t, const Pluma &pluma);
+    bool valorSimple(int s, double p, float &y) const;
     inline double &at(double set, double point);
     double at(double set, double point) const { return const_cast<grafica *>(this)->at(set, point); }
     bool logaritmica() const { return logaritmica_ && *logaritmica_; }

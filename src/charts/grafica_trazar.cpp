@@ -8,6 +8,8 @@
 #include "core/runtime_error.h"
 
 #include <algorithm>
+#include <cfloat>
+#include <cmath>
 
 namespace tesorel
 {
@@ -125,14 +127,67 @@ void grafica::verticalMark(double i, double dx)
     });
 }
 
-void grafica::setLine(double s, double i, double dx)
+grafica::Plumas grafica::plumas() const
 {
-    step([&] { surface().setForeColor(toLong(s)); });
-    step([&] { surface().setDrawWidth(toLong(gruesoLinea_[index(s, 1, kSets) - 1] + 1)); });
+    // A set's width and colour stay the same through a drawing: converted
+    // once, a conversion that fails failing the same step at every point.
+    Plumas p{};
+    for (int s = 1; s <= kSets; ++s) {
+        Pluma &pl = p[std::size_t(s - 1)];
+        step([&] {
+            pl.ancho = toLong(gruesoLinea_[std::size_t(s - 1)] + 1);
+            pl.conAncho = true;
+        });
+        step([&] {
+            pl.color = toLong(colorLinea_[std::size_t(s - 1)]);
+            pl.conColor = true;
+        });
+        // A plain division of the packed colour: darker only by accident.
+        step([&] {
+            pl.borde = toLong(colorLinea_[std::size_t(s - 1)] / 2.5);
+            pl.conBorde = true;
+        });
+    }
+    return p; // the eleventh, past the last set, fails both
+}
+
+grafica::Tramo grafica::tramo(double i, double dx) const
+{
+    Tramo t;
     step([&] {
-        surface().line(toSingle((i - 1) * dx), toSingle(at(s, i)), toSingle(i * dx), toSingle(at(s, i + 1)),
-                       toLong(colorLinea_[index(s, 1, kSets) - 1]));
+        t.desde = toSingle((i - 1) * dx);
+        t.hasta = toSingle(i * dx);
+        t.valido = true;
     });
+    return t;
+}
+
+void grafica::setLine(int s, double i, const Tramo &t, const Pluma &pluma)
+{
+    // Three steps: the fore colour, the width, the segment from point i
+    // to point i + 1. Without a picture box all three fail.
+    Surface *b = surface_;
+    if (!b)
+        return;
+    b->setForeColor(s);
+    if (pluma.conAncho)
+        b->setDrawWidth(pluma.ancho);
+    float desde = 0, hasta = 0;
+    if (pluma.conColor && t.valido && valorSimple(s, i, desde) && valorSimple(s, i + 1, hasta))
+        b->line(t.desde, desde, t.hasta, hasta, pluma.color);
+}
+
+bool grafica::valorSimple(int s, double p, float &y) const
+{
+    // What at(s, p) and toSingle make of it, for the whole points from 1
+    // that the drawing loops give: false where either would fail.
+    if (s < 1 || s > kSets || !(p <= kPoints))
+        return false;
+    const double v = data_[std::size_t(s - 1) * kPoints + std::size_t(p) - 1];
+    if (!(std::fabs(v) <= double(FLT_MAX)))
+        return false;
+    y = float(v);
+    return true;
 }
 
 namespace
@@ -148,12 +203,14 @@ constexpr double kFoldSets = grafica::kSets + 1;
 
 void grafica::plotLines(double dx)
 {
+    const Plumas pl = plumas();
     const double last = lastPlotPass(numPoints_);
     for (double i = 1; i <= last && i <= numPoints_ - 1; ++i) {
         step([&] { surface().setDrawWidth(1); });
         verticalMark(i, dx);
-        for (double s = 1; s <= numSets_ && s <= kFoldSets; ++s)
-            setLine(s, i, dx);
+        const Tramo t = tramo(i, dx);
+        for (int s = 1; s <= numSets_ && s <= kFoldSets; ++s)
+            setLine(s, i, t, pl[std::size_t(s - 1)]);
         if (numSets_ > kFoldSets)
             step([&] { surface().setForeColor(toLong(std::min(lastSet(numSets_), 2147483647.0))); });
     }
@@ -161,6 +218,7 @@ void grafica::plotLines(double dx)
 
 void grafica::plotCandles(double dx)
 {
+    const Plumas pl = plumas();
     const double last = lastPlotPass(numPoints_);
     for (double i = 1; i <= last && i <= numPoints_ - 1; ++i) {
         step([&] { surface().setDrawWidth(1); });
@@ -177,9 +235,10 @@ void grafica::plotCandles(double dx)
             surface().filledBox(toSingle((i - 1) * dx), toSingle(at(8, i + 1)), toSingle(i * dx),
                                 toSingle(at(1, i + 1)), colour);
         });
-        for (double s = 1; s <= numSets_ && s <= kFoldSets; ++s)
+        const Tramo t = tramo(i, dx);
+        for (int s = 1; s <= numSets_ && s <= kFoldSets; ++s)
             if (s != 1 && s != 2 && s != 3 && s != 8)
-                setLine(s, i, dx);
+                setLine(s, i, t, pl[std::size_t(s - 1)]);
         if (numSets_ > kFoldSets)
             step([&] { surface().setForeColor(toLong(std::min(lastSet(numSets_), 2147483647.0))); });
     }
@@ -187,19 +246,22 @@ void grafica::plotCandles(double dx)
 
 void grafica::plotBars(double dx)
 {
+    const Plumas pl = plumas();
     const double last = lastPlotPass(numPoints_);
     for (double i = 1; i <= last && i <= numPoints_ - 1; ++i) {
-        for (double s = 1; s <= numSets_ && s <= kFoldSets; ++s) {
-            step([&] { surface().setForeColor(toLong(s)); });
-            step([&] {
-                surface().filledBox(toSingle((i - 1) * dx), 0, toSingle(i * dx), toSingle(at(s, i + 1)),
-                                    toLong(colorLinea_[index(s, 1, kSets) - 1]));
-            });
-            // A plain division of the packed colour: darker only by accident.
-            step([&] {
-                surface().box(toSingle((i - 1) * dx), 0, toSingle(i * dx), toSingle(at(s, i + 1)),
-                              toLong(colorLinea_[index(s, 1, kSets) - 1] / 2.5));
-            });
+        const Tramo t = tramo(i, dx);
+        // Three steps a set: the fore colour, the bar, its outline.
+        Surface *b = surface_;
+        for (int s = 1; b && s <= numSets_ && s <= kFoldSets; ++s) {
+            b->setForeColor(s);
+            const Pluma &p = pl[std::size_t(s - 1)];
+            float y = 0;
+            if (!t.valido || !valorSimple(s, i + 1, y))
+                continue;
+            if (p.conColor)
+                b->filledBox(t.desde, 0, t.hasta, y, p.color);
+            if (p.conBorde)
+                b->box(t.desde, 0, t.hasta, y, p.borde);
         }
         if (numSets_ > kFoldSets)
             step([&] { surface().setForeColor(toLong(std::min(lastSet(numSets_), 2147483647.0))); });

@@ -57,6 +57,8 @@ PainterSurface::PainterSurface(int pixelWidth, int pixelHeight)
     image_.fill(Qt::white);
     pixelWidth_ = image_.width();
     pixelHeight_ = image_.height();
+    pixelsPerUnitX_ = pixelWidth_ / double(scaleWidth_);
+    pixelsPerUnitY_ = pixelHeight_ / double(scaleHeight_);
     stride_ = image_.bytesPerLine();
     boxes_.setSize(image_.width(), image_.height());
     ascent_ = metrics_.ascent();
@@ -144,6 +146,7 @@ void PainterSurface::clear()
         spareRuns_.push_back(std::move(r.points));
     }
     runs_.clear();
+    lastRun_ = 0;
     texts_.clear();
     textArea_ = QRect();
     raster().fill(0, 0, image_.width() - 1, image_.height() - 1, toRgb(backColor_));
@@ -151,9 +154,30 @@ void PainterSurface::clear()
     currentY_ = 0;
 }
 
+PainterSurface::Run *PainterSurface::findRun(int colour, int width)
+{
+    // The sets of a chart come round in the same order at every point:
+    // the run after the last one used is nearly always the one wanted.
+    const std::size_t n = runs_.size();
+    for (std::size_t k = 0; k < n; ++k) {
+        const std::size_t i = lastRun_ + k < n ? lastRun_ + k : lastRun_ + k - n;
+        if (runs_[i].colour == colour && runs_[i].width == width) {
+            lastRun_ = i + 1 < n ? i + 1 : 0;
+            return &runs_[i];
+        }
+    }
+    return nullptr;
+}
+
 void PainterSurface::line(float x1, float y1, float x2, float y2, int colour)
 {
-    QPointF a = toPixels(x1, y1), b = toPixels(x2, y2);
+    const int width = std::max(1, drawWidth_);
+    Run *run = findRun(colour, width);
+    // A polyline's next segment starts where the last one ended: its start
+    // is already in pixels and known to be inside the frame.
+    const bool sigue = run && !run->points.empty() && run->lastX == x1 && run->lastY == y1;
+    QPointF a = sigue ? run->points.back() : toPixels(x1, y1);
+    QPointF b = toPixels(x2, y2);
     if (!finitePoint(a) || !finitePoint(b))
         return;
     const bool clipped = std::fabs(a.x()) > kFrame || std::fabs(a.y()) > kFrame ||
@@ -161,40 +185,46 @@ void PainterSurface::line(float x1, float y1, float x2, float y2, int colour)
     if (clipped && !clipToFrame(a, b))
         return;
     paintWaitingBoxes();
-    const int width = std::max(1, drawWidth_);
-    auto it = std::find_if(runs_.begin(), runs_.end(),
-                           [&](const Run &r) { return r.colour == colour && r.width == width; });
-    if (it == runs_.end()) {
-        runs_.push_back(Run{colour, width, {}, 0, 0, 0, 0});
+    if (!run) {
+        runs_.push_back(Run{colour, width, {}, 0, 0});
         if (!spareRuns_.empty()) { // a frame's polylines reuse the last one's memory
             runs_.back().points = std::move(spareRuns_.back());
             spareRuns_.pop_back();
         }
-        it = runs_.end() - 1;
+        run = &runs_.back();
+        lastRun_ = 0;
     }
-    if (clipped || it->points.empty() || it->points.back() != a) {
-        paintRun(*it);
-        it->points.push_back(a);
-        it->left = it->right = a.x();
-        it->top = it->bottom = a.y();
+    if (clipped || !(sigue || (!run->points.empty() && run->points.back() == a))) {
+        paintRun(*run);
+        run->points.push_back(a);
     }
-    it->points.push_back(b);
-    it->left = std::min(it->left, b.x());
-    it->right = std::max(it->right, b.x());
-    it->top = std::min(it->top, b.y());
-    it->bottom = std::max(it->bottom, b.y());
+    run->points.push_back(b);
+    run->lastX = x2;
+    run->lastY = y2;
     if (clipped)
-        paintRun(*it);
+        paintRun(*run);
+}
+
+QRect PainterSurface::runArea(const Run &run)
+{
+    // The pixels lie within the points' box and the pen.
+    double left = run.points[0].x(), right = left, top = run.points[0].y(), bottom = top;
+    for (const QPointF &p : run.points) {
+        left = std::min(left, p.x());
+        right = std::max(right, p.x());
+        top = std::min(top, p.y());
+        bottom = std::max(bottom, p.y());
+    }
+    const int w = run.width;
+    return QRect(QPoint(int(std::floor(left)) - w, int(std::floor(top)) - w),
+                 QPoint(int(std::ceil(right)) + w, int(std::ceil(bottom)) + w));
 }
 
 void PainterSurface::paintRun(Run &run)
 {
     if (run.points.size() >= 2) {
-        if (!texts_.empty()) { // the pixels lie within the points' box and the pen
-            const int w = run.width;
-            beforePixels(QRect(QPoint(int(std::floor(run.left)) - w, int(std::floor(run.top)) - w),
-                               QPoint(int(std::ceil(run.right)) + w, int(std::ceil(run.bottom)) + w)));
-        }
+        if (!texts_.empty())
+            beforePixels(runArea(run));
         PixelRaster r = raster();
         const QRgb colour = toRgb(run.colour);
         for (std::size_t i = 1; i < run.points.size(); ++i)
@@ -211,6 +241,7 @@ void PainterSurface::paintWaitingLines()
         spareRuns_.push_back(std::move(r.points));
     }
     runs_.clear();
+    lastRun_ = 0;
 }
 
 // QPainter's outline and fill of a pixel rectangle both reach one pixel

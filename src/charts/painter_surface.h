@@ -47,11 +47,13 @@ class PainterSurface : public Surface
     {
         paintWaitingLines();
         scaleWidth_ = v;
+        pixelsPerUnitX_ = pixelWidth_ / scaleWidth_;
     }
     void setScaleHeight(float v) override
     {
         paintWaitingLines();
         scaleHeight_ = v;
+        pixelsPerUnitY_ = pixelHeight_ / scaleHeight_;
     }
     float scaleLeft() const override { return scaleLeft_; }
     float scaleTop() const override { return scaleTop_; }
@@ -94,8 +96,10 @@ class PainterSurface : public Surface
         int colour;
         int width;
         std::vector<QPointF> points;
-        double left, top, right, bottom; // of the points
+        float lastX, lastY; // the last point as given, in user units
     };
+    Run *findRun(int colour, int width);
+    static QRect runArea(const Run &run);
     void paintRun(Run &run);
     void paintWaitingLines();
     PixelRaster raster();
@@ -104,16 +108,17 @@ class PainterSurface : public Surface
     // Paints the waiting texts first if the pixels about to be drawn may
     // touch them.
     void beforePixels(const QRect &area);
+    // One factor an axis, as a transform has: no division a point.
     QPointF toPixels(float x, float y) const
     {
-        return QPointF((double(x) - scaleLeft_) * pixelWidth_ / scaleWidth_,
-                       (double(y) - scaleTop_) * pixelHeight_ / scaleHeight_);
+        return QPointF((double(x) - scaleLeft_) * pixelsPerUnitX_, (double(y) - scaleTop_) * pixelsPerUnitY_);
     }
     QRect pixelRect(float x1, float y1, float x2, float y2) const;
 
     QImage image_;
     uchar *bits_ = nullptr; // image_'s pixels, detached, while no one has read it
     double pixelWidth_ = 1, pixelHeight_ = 1;
+    double pixelsPerUnitX_ = 1, pixelsPerUnitY_ = 1;
     qsizetype stride_ = 0;
     QFont font_;
     QFontMetricsF metrics_;
@@ -123,6 +128,7 @@ class PainterSurface : public Surface
     BoxQueue boxes_;        // boxes wait until a line, a text or a read
     std::vector<Run> runs_; // lines wait, one polyline a pen, until anything else
     std::vector<std::vector<QPointF>> spareRuns_;
+    std::size_t lastRun_ = 0; // where the search for the next run starts
     float scaleLeft_ = 0, scaleTop_ = 0, scaleWidth_, scaleHeight_;
     float currentX_ = 0, currentY_ = 0;
     int drawWidth_ = 1, foreColor_ = 0, backColor_ = 0xFFFFFF;

@@ -46,7 +46,10 @@ double lecturaLocal(sqlite3_stmt *st, int col)
     } else if (type == SQLITE_FLOAT) {
         const double v = sqlite3_value_double(valor);
         if (std::fabs(v) < 1e10) {
-            const double n = std::nearbyint(v * 10000);
+            // Rounded to the nearest whole number, ties to even, without a
+            // library call: exact below 2^52, and |v * 10000| < 1e14.
+            const double m = v * 10000, dos52 = std::copysign(4503599627370496.0, m);
+            const double n = (m + dos52) - dos52;
             if (n / 10000 == v)
                 return v;
         }

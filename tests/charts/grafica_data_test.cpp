@@ -254,10 +254,25 @@ TEST(GraficaData, AnularSplit)
         EXPECT_EQ(g.YAxisMax(), c.top);
         EXPECT_EQ(g.YAxisMin(), c.bottom);
         EXPECT_EQ(g.valor(1, 1), c.first);
-        // The fore colour walks the set numbers.
-        EXPECT_EQ(box.callsOf(RecordingSurface::Kind::ForeColor).size(), 6u);
+        // The fore colour walks the set numbers and stays at the last.
         EXPECT_EQ(box.foreColor(), 3);
     }
+    // A division that overflows stops the walk at its set: point 1 of set 2.
+    RecordingSurface box;
+    grafica g;
+    g.Picture(&box);
+    g.NumPoints(2);
+    g.NumSets(3);
+    g.ThisPoint(1);
+    g.ThisSet(1);
+    g.Graphdata(1);
+    g.ThisSet(2);
+    g.Graphdata(1e300);
+    g.Split(1e-300);
+    EXPECT_EQ(errorOf([&] { g.Anular_split(false); }), err::Overflow);
+    EXPECT_EQ(box.foreColor(), 2);
+    EXPECT_DOUBLE_EQ(g.valor(1, 1), 1e300); // divided
+    EXPECT_EQ(g.valor(2, 1), 1e300); // left as it was
 }
 
 TEST(GraficaData, WithoutPictureBox)
