@@ -90,13 +90,10 @@ QRect PainterSurface::pixelRect(float x1, float y1, float x2, float y2) const
         if (std::isnan(v))
             return int(std::lround(v));
         v = std::clamp(v, -kFrame, kFrame);
-        int i = static_cast<int>(v);
+        const int i = static_cast<int>(v);
         const double f = v - i;
-        if (f >= 0.5)
-            ++i;
-        else if (f <= -0.5)
-            --i;
-        return i;
+        // Added, not branched on: a bar's edges fall anywhere in a pixel.
+        return i + int(f >= 0.5) - int(f <= -0.5);
     };
     const int l = clampPx(std::min(a.x(), b.x())), r = clampPx(std::max(a.x(), b.x()));
     const int t = clampPx(std::min(a.y(), b.y())), bo = clampPx(std::max(a.y(), b.y()));
