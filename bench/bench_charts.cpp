@@ -262,30 +262,34 @@ struct Medias {
     }
 };
 
-// The four indicator routines fed as the price chart feeds them; the
-// stochastic's extremes are worked out here, only it reads them.
+// The four indicator routines fed as the price chart feeds them: the
+// chart draws one indicator at a time, so each runs over the whole series
+// into its own chart. The stochastic's extremes are worked out here, only
+// it reads them.
 void fourIndicators()
 {
-    static grafica g;
+    static grafica macd, rsi, momento, estocastico;
     static IndicatorState st;
     const std::vector<Day> &days = gCharts->days;
     static const Medias medias(days);
-    {
-        Maximos extremes;
-        HistoriaMomentum h{};
-        double n = 0;
-        for (int i = 0; i < kPoints; ++i) {
-            const Day &d = days[i];
-            const double p = i + 1;
-            grafica_macd(g, st, medias.corta[size_t(i)], medias.larga[size_t(i)], 0, p, d.close);
-            grafica_rsi(g, st, d.dif, 0, p);
-            grafica_momentum(g, d.close, n, p, h);
-            if (n < 14)
-                n += 1;
-            grafica_stocastico(g, st, d.close, extremes.Maxi(d.high, 5), extremes.Min(d.low, 5), 5, p);
-        }
-        benchmark::DoNotOptimize(g.valor(1, kPoints));
+    for (int i = 0; i < kPoints; ++i)
+        grafica_macd(macd, st, medias.corta[size_t(i)], medias.larga[size_t(i)], 0, i + 1, days[size_t(i)].close);
+    for (int i = 0; i < kPoints; ++i)
+        grafica_rsi(rsi, st, days[size_t(i)].dif, 0, i + 1);
+    HistoriaMomentum h{};
+    double n = 0;
+    for (int i = 0; i < kPoints; ++i) {
+        grafica_momentum(momento, days[size_t(i)].close, n, i + 1, h);
+        if (n < 14)
+            n += 1;
     }
+    Maximos extremes;
+    for (int i = 0; i < kPoints; ++i) {
+        const Day &d = days[size_t(i)];
+        grafica_stocastico(estocastico, st, d.close, extremes.Maxi(d.high, 5), extremes.Min(d.low, 5), 5, i + 1);
+    }
+    for (const grafica *g : {&macd, &rsi, &momento, &estocastico})
+        benchmark::DoNotOptimize(g->valor(1, kPoints));
 }
 
 void BM_FourIndicators3000(benchmark::State &state)

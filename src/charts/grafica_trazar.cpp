@@ -127,6 +127,19 @@ void grafica::verticalMark(double i, double dx)
     });
 }
 
+inline bool grafica::valorSimple(int s, double p, float &y) const
+{
+    // What at(s, p) and toSingle make of it, for the whole points from 1
+    // that the drawing loops give: false where either would fail.
+    if (s < 1 || s > kSets || !(p <= kPoints))
+        return false;
+    const double v = data_[std::size_t(s - 1) * kPoints + std::size_t(p) - 1];
+    if (!(std::fabs(v) <= double(FLT_MAX)))
+        return false;
+    y = float(v);
+    return true;
+}
+
 grafica::Plumas grafica::plumas() const
 {
     // A set's width and colour stay the same through a drawing: converted
@@ -175,19 +188,6 @@ void grafica::setLine(int s, double i, const Tramo &t, const Pluma &pluma)
     float desde = 0, hasta = 0;
     if (pluma.conColor && t.valido && valorSimple(s, i, desde) && valorSimple(s, i + 1, hasta))
         b->line(t.desde, desde, t.hasta, hasta, pluma.color);
-}
-
-bool grafica::valorSimple(int s, double p, float &y) const
-{
-    // What at(s, p) and toSingle make of it, for the whole points from 1
-    // that the drawing loops give: false where either would fail.
-    if (s < 1 || s > kSets || !(p <= kPoints))
-        return false;
-    const double v = data_[std::size_t(s - 1) * kPoints + std::size_t(p) - 1];
-    if (!(std::fabs(v) <= double(FLT_MAX)))
-        return false;
-    y = float(v);
-    return true;
 }
 
 namespace
