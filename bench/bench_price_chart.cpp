@@ -31,6 +31,9 @@ namespace
 
 constexpr int kDias = 6000;
 constexpr int kW = 1200, kH = 800;
+// The three charts share the 1200x800 picture as the main window shares
+// its chart area: 60, 15 and 25 hundredths of the height.
+constexpr int kPrecio = kH * 60 / 100, kVolumen = kH * 15 / 100, kIndicador = kH * 25 / 100;
 
 // One value of 6,000 trading days quoted to three decimals, with a 2:1
 // split in the middle, in a base of its own.
@@ -75,7 +78,7 @@ const QString &basePath()
 struct Ventana {
     ScriptedUi ui;
     Session s{ui, QStringLiteral(".")};
-    PainterSurface p1{kW, kH}, p2{kW, 200}, p3{kW, 200};
+    PainterSurface p1{kW, kPrecio}, p2{kW, kVolumen}, p3{kW, kIndicador};
     GraficaPrincipal g{s};
 
     explicit Ventana(double dias)
@@ -117,8 +120,8 @@ BENCHMARK(BM_DibujarGrafica6000Dias)
 struct Suelo {
     Ventana v{2999};
     std::shared_ptr<Database> db;
-    QImage i1{kW, kH, QImage::Format_RGB32}, i2{kW, 200, QImage::Format_RGB32},
-        i3{kW, 200, QImage::Format_RGB32};
+    QImage i1{kW, kPrecio, QImage::Format_RGB32}, i2{kW, kVolumen, QImage::Format_RGB32},
+        i3{kW, kIndicador, QImage::Format_RGB32};
     static constexpr int puntos = 2999;
 
     Suelo()

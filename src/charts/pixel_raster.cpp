@@ -33,10 +33,17 @@ void PixelRaster::fill(int l, int t, int r, int b, QRgb colour)
     if (l > r || t > b)
         return;
     uchar *row = bits_ + t * stride_;
-    if (l == r) { // one column: the boxes' spans
+    if (l == r) { // one column: the boxes' spans, four rows a turn
         QRgb *p = reinterpret_cast<QRgb *>(row) + l;
         const qsizetype step = stride_ / qsizetype(sizeof(QRgb));
-        for (int n = b - t; n >= 0; --n, p += step)
+        int n = b - t + 1;
+        for (; n >= 4; n -= 4, p += 4 * step) {
+            p[0] = colour;
+            p[step] = colour;
+            p[2 * step] = colour;
+            p[3 * step] = colour;
+        }
+        for (; n > 0; --n, p += step)
             *p = colour;
         return;
     }
