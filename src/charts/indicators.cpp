@@ -68,15 +68,16 @@ void grafica_stocastico(grafica &chart, IndicatorState &state, double cierre, do
     // always is, so that the next day does not wait for conversions.
     const int pos = state.posicionEstocastico < 3 ? state.posicionEstocastico : 0; // from 0
     state.posicionEstocastico = pos + 1;
-    state.numeradores[pos] = finite(cierre - minimo);
-    state.denominadores[pos] = finite(maximo - minimo);
+    const double numerador = finite(cierre - minimo), denominador = finite(maximo - minimo);
+    state.numeradores[std::size_t(pos)] = numerador;
+    state.denominadores[std::size_t(pos)] = denominador;
     const double num = state.numeradores[0] + state.numeradores[1] + state.numeradores[2];
     const double den = state.denominadores[0] + state.denominadores[1] + state.denominadores[2];
     double d = 0, k = 0;
     if (den != 0)
         d = finite(divide(num, den) * 100);
-    if (maximo != minimo)
-        k = finite(divide(state.numeradores[pos], state.denominadores[pos]) * 100);
+    if (maximo != minimo) // the day's own ratio from registers, not read back
+        k = finite(divide(numerador, denominador) * 100);
     double fila[4] = {k, 20, 80, d};
     chart.Fila(p, fila, 4);
 }

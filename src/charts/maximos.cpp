@@ -77,12 +77,15 @@ void extremoDelAnillo(std::array<double, 200> &anillo, std::int64_t &pos, double
         if (n == periodo) {
             const std::int64_t siguiente = (pos < n ? pos : pos % n) + 1;
             pos = siguiente;
-            anillo[size_t(siguiente - 1)] = valor;
+            // The new value is taken from its register, not read back
+            // from the place it has just been written to.
+            const int nueva = int(siguiente - 1);
             double e = inicio;
             for (int i = 0; i < n; ++i) {
-                const double v = anillo[size_t(i)];
+                const double v = i == nueva ? valor : anillo[size_t(i)];
                 e = mejor(v, e) ? v : e;
             }
+            anillo[size_t(nueva)] = valor;
             extremo = e;
             return;
         }
