@@ -310,6 +310,43 @@ void BM_FourIndicators3000(benchmark::State &state)
 }
 BENCHMARK(BM_FourIndicators3000)->Unit(benchmark::kMicrosecond);
 
+
+// Each indicator over the series alone, to see where the time goes.
+template <typename F> void unaPasada(benchmark::State &state, F &&f)
+{
+    for (auto _ : state)
+        for (int i = 0; i < kPoints; ++i)
+            f(i);
+}
+void BM_IndicatorMacd(benchmark::State &state)
+{
+    static grafica g;
+    static IndicatorState st;
+    static const Medias m(gCharts->days);
+    unaPasada(state, [&](int i) {
+        grafica_macd(g, st, m.corta[size_t(i)], m.larga[size_t(i)], 0, i + 1, gCharts->days[size_t(i)].close);
+    });
+}
+BENCHMARK(BM_IndicatorMacd)->Unit(benchmark::kMicrosecond);
+void BM_IndicatorRsi(benchmark::State &state)
+{
+    static grafica g;
+    static IndicatorState st;
+    unaPasada(state, [&](int i) { grafica_rsi(g, st, gCharts->days[size_t(i)].dif, 0, i + 1); });
+}
+BENCHMARK(BM_IndicatorRsi)->Unit(benchmark::kMicrosecond);
+void BM_IndicatorStochasticWithExtremes(benchmark::State &state)
+{
+    static grafica g;
+    static IndicatorState st;
+    static Maximos e;
+    unaPasada(state, [&](int i) {
+        const Day &d = gCharts->days[size_t(i)];
+        grafica_stocastico(g, st, d.close, e.Maxi(d.high, 5), e.Min(d.low, 5), 5, i + 1);
+    });
+}
+BENCHMARK(BM_IndicatorStochasticWithExtremes)->Unit(benchmark::kMicrosecond);
+
 template <typename F> double medianMs(F &&f, int runs)
 {
     std::vector<double> t;
