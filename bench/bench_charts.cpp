@@ -335,6 +335,20 @@ void BM_IndicatorRsi(benchmark::State &state)
     unaPasada(state, [&](int i) { grafica_rsi(g, st, gCharts->days[size_t(i)].dif, 0, i + 1); });
 }
 BENCHMARK(BM_IndicatorRsi)->Unit(benchmark::kMicrosecond);
+void BM_IndicatorMomentum(benchmark::State &state)
+{
+    static grafica g;
+    for (auto _ : state) {
+        HistoriaMomentum h{};
+        double n = 0;
+        for (int i = 0; i < kPoints; ++i) {
+            grafica_momentum(g, gCharts->days[size_t(i)].close, n, i + 1, h);
+            if (n < 14)
+                n += 1;
+        }
+    }
+}
+BENCHMARK(BM_IndicatorMomentum)->Unit(benchmark::kMicrosecond);
 void BM_IndicatorStochasticWithExtremes(benchmark::State &state)
 {
     static grafica g;

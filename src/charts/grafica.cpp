@@ -95,6 +95,14 @@ void grafica::Anular_split(bool flag)
         }
 }
 
+void grafica::FilaPorSeries(double *valores, int n)
+{
+    for (int s = 0; s < n; ++s) {
+        ThisSet(s + 1);
+        Graphdata(valores[s]);
+    }
+}
+
 void grafica::GruesoLinea(double set, double width)
 {
     gruesoLinea_[index(set, 1, kSets) - 1] = width;

@@ -85,6 +85,8 @@ class grafica
     // from 1 to n (at most kSets): one day of an indicator, checked once.
     // On a logarithmic chart the values are written back as Graphdata does.
     inline void Fila(double p, double *valores, int n);
+    // The same set by set, for a logarithmic chart or a point out of range.
+    void FilaPorSeries(double *valores, int n);
     void Fecha(const QDate &d);
     QDate Quefecha(double &x) const;
     QDate Quefecha(const double &x) const
@@ -126,6 +128,7 @@ class grafica
     const QString &graphtitle() const { return graphtitle_; }
     double Split() const { return split_; }
     double tipo() const { return tipo_; }
+    bool Logaritmica() const { return logaritmica(); } // as Graphdata reads it now
     double YAxisStyle() const { return yAxisStyle_; }
     double valor(double set, double point) const; // Graphdata as stored
     QDate fechaDe(double point) const;
@@ -237,18 +240,21 @@ void grafica::Graphdata(double &x)
 
 void grafica::Fila(double p, double *valores, int n)
 {
-    ThisPoint(p);
-    if (pointPlace_ < 0 || logaritmica()) {
-        for (int s = 0; s < n; ++s) {
-            ThisSet(s + 1);
-            Graphdata(valores[s]);
-        }
+    const int punto = p >= 1 && p <= kPoints ? static_cast<int>(p) : 0;
+    if (punto != p || n < 0 || n > kSets || logaritmica()) {
+        ThisPoint(p);
+        FilaPorSeries(valores, n);
         return;
     }
+    // ThisPoint for a whole point in range, without checking it again.
+    thisPoint_ = p;
+    pointPlace_ = punto - 1;
+    vertical_[std::size_t(punto - 1)] = 0;
+    fecha_[std::size_t(punto - 1)] = fechaCero();
     // The extremes of the row first, then one comparison with the chart's:
     // the same result as set after set (a NaN is never taken either way)
     // without a chain of comparisons through the chart from call to call.
-    double *columna = data_.data() + pointPlace_;
+    double *columna = data_.data() + (punto - 1);
     double maximo = -HUGE_VAL, minimo = HUGE_VAL;
     for (int s = 0; s < n; ++s) {
         const double x = valores[s];
@@ -261,12 +267,13 @@ void grafica::Fila(double p, double *valores, int n)
     if (n > 0) {
         if (yAxisMax_ < maximo)
             yAxisMax_ = maximo;
-        if (pointPlace_ == 0) // the first point starts the minimum at 0 at each set
+        if (punto == 1) // the first point starts the minimum at 0 at each set
             yAxisMin_ = valores[n - 1] < 0 ? valores[n - 1] : 0;
         else if (yAxisMin_ > minimo)
             yAxisMin_ = minimo;
     }
-    ThisSet(n);
+    thisSet_ = n; // ThisSet(n)
+    setPlace_ = n - 1;
 }
 
 } // namespace tesorel

@@ -2,23 +2,47 @@
 
 #include "charts/checked_math.h"
 #include "charts/grafica.h"
+#include "core/runtime_error.h"
 
 namespace tesorel
 {
 
 using namespace chartmath;
 
+namespace
+{
+// Point 1 starts an average afresh. Out of line: it happens once a chart,
+// and the copy of a whole average would weigh on every other point.
+[[gnu::noinline]] void nuevaMedia(MMedia &media)
+{
+    media = MMedia();
+}
+} // namespace
+
 void grafica_macd(grafica &chart, IndicatorState &state, double segundaMedia, double primeraMedia, double,
                   double p, double)
 {
     chart.NumSets(2);
     state.macd = finite(segundaMedia - primeraMedia);
-    chart.Fila(p, &state.macd, 1);
     if (p == 1)
-        state.senalMacd = MMedia();
-    const double s = state.senalMacd.Siguiente(state.macd, 0, 7, 3);
-    chart.ThisSet(2);
-    chart.Graphdata(s);
+        nuevaMedia(state.senalMacd);
+    if (chart.Logaritmica()) {
+        // The signal averages the logarithm that Graphdata writes back.
+        chart.Fila(p, &state.macd, 1);
+        const double s = state.senalMacd.Siguiente(state.macd, 0, 7, 3);
+        chart.ThisSet(2);
+        chart.Graphdata(s);
+        return;
+    }
+    // Both sets as one row; set 1 is still written when the signal fails.
+    double fila[2] = {state.macd, 0};
+    try {
+        fila[1] = state.senalMacd.Siguiente(state.macd, 0, 7, 3);
+    } catch (const RuntimeError &) {
+        chart.Fila(p, fila, 1);
+        throw;
+    }
+    chart.Fila(p, fila, 2);
     // The crossing notes of the signal were never shown to anyone; they
     // are not composed.
 }
@@ -26,16 +50,16 @@ void grafica_macd(grafica &chart, IndicatorState &state, double segundaMedia, do
 void grafica_rsi(grafica &chart, IndicatorState &state, double dif, double, double p)
 {
     if (p == 1) {
-        state.ganancias = MMedia();
-        state.perdidas = MMedia();
+        nuevaMedia(state.ganancias);
+        nuevaMedia(state.perdidas);
     }
     chart.NumSets(3);
     // Chosen without a jump: a rise or a fall is a coin toss.
     const bool baja = dif < 0;
     const double u = state.ganancias.Siguiente(baja ? 0.0 : dif, 0, 14, 3);
     const double d = state.perdidas.Siguiente(baja ? -dif : 0.0, 0, 14, 3);
-    const double divisor = d == 0 ? 1 : d;
-    double fila[3] = {finite(100 - divide(100, finite(1 + divide(u, divisor)))), 30, 70};
+    const double divisor = d == 0 ? 1 : d; // never 0: the division needs no check for it
+    double fila[3] = {finite(100 - divide(100, finite(1 + finite(u / divisor)))), 30, 70};
     chart.Fila(p, fila, 3);
 }
 
@@ -47,6 +71,8 @@ void grafica_momentum(grafica &chart, double cierre, double n, double p, Histori
         // Read before the shift moves it to place n: reading it back just
         // after the block move stalls on the stores.
         antes = historia[std::size_t(n) - 1];
+        // One double at a time: wider moves would read across the single
+        // stores of the day before, which the processor cannot forward.
         for (int k = int(n); k >= 1; --k)
             historia[std::size_t(k)] = historia[std::size_t(k - 1)];
         historia[0] = cierre;
@@ -74,10 +100,12 @@ void grafica_stocastico(grafica &chart, IndicatorState &state, double cierre, do
     const double num = state.numeradores[0] + state.numeradores[1] + state.numeradores[2];
     const double den = state.denominadores[0] + state.denominadores[1] + state.denominadores[2];
     double d = 0, k = 0;
+    // Both divisors are known not to be 0 here (a difference of two
+    // unequal finite numbers is not 0).
     if (den != 0)
-        d = finite(divide(num, den) * 100);
+        d = finite(finite(num / den) * 100);
     if (maximo != minimo) // the day's own ratio from registers, not read back
-        k = finite(divide(numerador, denominador) * 100);
+        k = finite(finite(numerador / denominador) * 100);
     double fila[4] = {k, 20, 80, d};
     chart.Fila(p, fila, 4);
 }

@@ -65,31 +65,12 @@ double Maximos::Mini(double valor, double periodo)
 // The newest value goes into the ring; `extremo`, started at `inicio`,
 // becomes the extreme of the ring's first `periodo` places, the places not
 // yet written counting as zeros. A failing place leaves what was found so far.
+// This is every case; the charts' case, a whole period, goes the quick way
+// of the header and never comes here.
 template <class Mejor>
-void extremoDelAnillo(std::array<double, 200> &anillo, std::int64_t &pos, double valor, double periodo,
-                      double &extremo, double inicio, Mejor mejor)
+void extremoDelAnillo(std::array<double, 200> &anillo, std::int64_t &pos, double valor,
+                                        double periodo, double &extremo, double inicio, Mejor mejor)
 {
-    // A whole period, as the charts always have: plain integers, and the
-    // extreme kept in a register and chosen without a jump (on a price
-    // series the comparisons go either way at random).
-    if (periodo >= 1 && periodo <= 200 && pos >= 0) {
-        const int n = int(periodo);
-        if (n == periodo) {
-            const std::int64_t siguiente = (pos < n ? pos : pos % n) + 1;
-            pos = siguiente;
-            // The new value is taken from its register, not read back
-            // from the place it has just been written to.
-            const int nueva = int(siguiente - 1);
-            double e = inicio;
-            for (int i = 0; i < n; ++i) {
-                const double v = i == nueva ? valor : anillo[size_t(i)];
-                e = mejor(v, e) ? v : e;
-            }
-            anillo[size_t(nueva)] = valor;
-            extremo = e;
-            return;
-        }
-    }
     pos = std::int64_t(mod(double(pos), periodo)) + 1;
     anillo[size_t(index(double(pos), 1, 200) - 1)] = valor;
     extremo = inicio;
@@ -100,13 +81,13 @@ void extremoDelAnillo(std::array<double, 200> &anillo, std::int64_t &pos, double
     }
 }
 
-double Maximos::Maxi(double valor, double periodo)
+double Maximos::MaxiEnAnillo(double valor, double periodo)
 {
     extremoDelAnillo(ringMax_, posMax_, valor, periodo, maximo_, 0.0, std::greater<double>());
     return maximo_;
 }
 
-double Maximos::Min(double valor, double periodo)
+double Maximos::MinEnAnillo(double valor, double periodo)
 {
     extremoDelAnillo(ringMin_, posMin_, valor, periodo, minimo_, 1e21, std::less<double>());
     return minimo_;
