@@ -4,6 +4,9 @@
 #include "charts/grafica.h"
 #include "core/runtime_error.h"
 
+#include <bit>
+#include <cstdint>
+
 namespace tesorel
 {
 
@@ -54,12 +57,17 @@ void grafica_rsi(grafica &chart, IndicatorState &state, double dif, double, doub
         nuevaMedia(state.perdidas);
     }
     chart.NumSets(3);
-    // Chosen without a jump: a rise or a fall is a coin toss.
-    const bool baja = dif < 0;
-    const double u = state.ganancias.Siguiente(baja ? 0.0 : dif, 0, 14, 3);
-    const double d = state.perdidas.Siguiente(baja ? -dif : 0.0, 0, 14, 3);
-    const double divisor = d == 0 ? 1 : d; // never 0: the division needs no check for it
-    double fila[3] = {finite(100 - divide(100, finite(1 + finite(u / divisor)))), 30, 70};
+    // Chosen on the bits, which compilers do not turn into a jump: a rise
+    // or a fall is a coin toss. The 0 chosen is +0, as the plain choice's.
+    const std::uint64_t baja = std::uint64_t(0) - std::uint64_t(dif < 0);
+    const double ganancia = std::bit_cast<double>(std::bit_cast<std::uint64_t>(dif) & ~baja);
+    const double perdida = std::bit_cast<double>(std::bit_cast<std::uint64_t>(-dif) & baja);
+    const double u = state.ganancias.Siguiente(ganancia, 0, 14, 3);
+    const double d = state.perdidas.Siguiente(perdida, 0, 14, 3);
+    // Neither division can be by 0: the averages of gains and losses are
+    // never negative, so the divisor is positive and 1 + u / divisor >= 1.
+    const double divisor = d == 0 ? 1 : d;
+    double fila[3] = {finite(100 - finite(100 / finite(1 + finite(u / divisor)))), 30, 70};
     chart.Fila(p, fila, 3);
 }
 
