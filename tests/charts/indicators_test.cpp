@@ -37,6 +37,34 @@ TEST(Indicators, Macd)
     EXPECT_DOUBLE_EQ(g.valor(2, 1), 5);
 }
 
+TEST(Indicators, MacdOnALogarithmicChartAveragesTheLogarithm)
+{
+    bool log = true;
+    grafica g(&log);
+    IndicatorState st;
+    grafica_macd(g, st, 110, 10, 0, 1, 100); // MACD 100, stored as 2
+    grafica_macd(g, st, 1010, 10, 0, 2, 100); // MACD 1000, stored as 3
+    EXPECT_NEAR(g.valor(1, 2), 3, 1e-12);
+    // The signal starts at log 100 = 2 and moves a quarter of the way to 3;
+    // the chart stores the logarithm of that.
+    EXPECT_NEAR(g.valor(2, 2), std::log10(2.25), 1e-12);
+}
+
+TEST(Indicators, MacdWhoseSignalFailsKeepsItsLine)
+{
+    grafica g;
+    IndicatorState st;
+    grafica_macd(g, st, 1e308, 0, 0, 1, 100);
+    try {
+        grafica_macd(g, st, -1e308, 0, 0, 2, 100); // (-1e308 - 1e308) * 0.25 overflows
+        ADD_FAILURE();
+    } catch (const RuntimeError &e) {
+        EXPECT_EQ(e.number(), err::Overflow);
+    }
+    EXPECT_EQ(g.valor(1, 2), -1e308);
+    EXPECT_EQ(g.valor(2, 2), 0); // never written
+}
+
 TEST(Indicators, Rsi)
 {
     grafica g;
