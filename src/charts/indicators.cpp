@@ -66,8 +66,10 @@ void grafica_rsi(grafica &chart, IndicatorState &state, double dif, double, doub
     const double d = state.perdidas.Siguiente(perdida, 0, 14, 3);
     // Neither division can be by 0: the averages of gains and losses are
     // never negative, so the divisor is positive and 1 + u / divisor >= 1.
+    // An overflow of u / divisor carries into the sum, which is checked;
+    // 100 over a number of at least 1 cannot overflow.
     const double divisor = d == 0 ? 1 : d;
-    double fila[3] = {finite(100 - finite(100 / finite(1 + finite(u / divisor)))), 30, 70};
+    double fila[3] = {100 - 100 / finite(1 + u / divisor), 30, 70};
     chart.Fila(p, fila, 3);
 }
 
@@ -111,9 +113,9 @@ void grafica_stocastico(grafica &chart, IndicatorState &state, double cierre, do
     // Both divisors are known not to be 0 here (a difference of two
     // unequal finite numbers is not 0).
     if (den != 0)
-        d = finite(finite(num / den) * 100);
+        d = finite(num / den * 100); // an overflow of the ratio carries into the product
     if (maximo != minimo) // the day's own ratio from registers, not read back
-        k = finite(finite(numerador / denominador) * 100);
+        k = finite(numerador / denominador * 100);
     double fila[4] = {k, 20, 80, d};
     chart.Fila(p, fila, 4);
 }
