@@ -4,6 +4,7 @@
 #include "charts/grafica.h"
 #include "core/runtime_error.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
 
@@ -73,24 +74,46 @@ void grafica_rsi(grafica &chart, IndicatorState &state, double dif, double, doub
     chart.Fila(p, fila, 3);
 }
 
+namespace
+{
+// Back to places in order, for a change of n or the checked way.
+void enOrden(HistoriaMomentum &h)
+{
+    if (h.anillo == 0)
+        return;
+    const int m = h.anillo + 1;
+    std::array<double, 41> copia;
+    for (int k = 0; k < m; ++k)
+        copia[std::size_t(k)] = h.lugares[std::size_t((h.inicio + k) % m)];
+    std::copy(copia.begin(), copia.begin() + m, h.lugares.begin());
+    h.anillo = 0;
+    h.inicio = 0;
+}
+} // namespace
+
 void grafica_momentum(grafica &chart, double cierre, double n, double p, HistoriaMomentum &historia)
 {
     chart.NumSets(1);
     double antes = 0; // the close n places back, once the history has moved on
     if (n >= 1 && n <= 40 && n == int(n)) {
-        // Read before the shift moves it to place n: reading it back just
-        // after the block move stalls on the stores.
-        antes = historia[std::size_t(n) - 1];
-        // One double at a time: wider moves would read across the single
-        // stores of the day before, which the processor cannot forward.
-        for (int k = int(n); k >= 1; --k)
-            historia[std::size_t(k)] = historia[std::size_t(k - 1)];
-        historia[0] = cierre;
+        const int lugar = int(n), m = lugar + 1;
+        if (historia.anillo != lugar) {
+            enOrden(historia);
+            historia.anillo = lugar;
+        }
+        // Place n - 1 before the turn is place n after it; place n falls
+        // off the ring's end and its slot takes the close as place 0.
+        int i = historia.inicio + lugar - 1;
+        antes = historia.lugares[std::size_t(i >= m ? i - m : i)];
+        historia.inicio = historia.inicio == 0 ? lugar : historia.inicio - 1;
+        historia.lugares[std::size_t(historia.inicio)] = cierre;
     } else {
+        enOrden(historia);
+        std::array<double, 41> &lugares = historia.lugares;
         for (double i = n; i >= 1; --i)
-            historia[index(i, 0, 40)] = historia[index(i - 1, 0, 40)];
-        historia[0] = cierre;
-        antes = historia[index(n, 0, 40)];
+            lugares[index(i, 0, 40)] = lugares[index(i - 1, 0, 40)];
+        lugares[0] = cierre;
+        antes = lugares[index(n, 0, 40)];
     }
     double v = finite(cierre - antes);
     chart.Fila(p, &v, 1);

@@ -23,8 +23,14 @@ struct IndicatorState {
 };
 
 // The momentum's past closes, places 0 to 40, owned by the price chart
-// routine for one drawing.
-using HistoriaMomentum = std::array<double, 41>;
+// routine for one drawing. Each call moves places 0 to n - 1 one place on
+// and puts the close at 0; while n stays the same, places 0 to n turn as a
+// ring instead of moving one by one.
+struct HistoriaMomentum {
+    std::array<double, 41> lugares{};
+    int anillo = 0; // the n of the ring in use, 0 for none
+    int inicio = 0; // where place 0 stands in the ring
+};
 
 // Each fills point p of the indicator chart and sets its NumSets; none
 // draws. Arguments that the routines do not read are kept so that the

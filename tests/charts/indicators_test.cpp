@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 
 namespace tesorel
@@ -132,6 +133,30 @@ TEST(Indicators, Momentum)
         ADD_FAILURE();
     } catch (const RuntimeError &e) {
         EXPECT_EQ(e.number(), err::SubscriptOutOfRange);
+    }
+}
+
+TEST(Indicators, MomentumHistoryMovesOnlyTheFirstPlaces)
+{
+    // Against the history as the routine describes it: places 1 to n take
+    // the places before them, the close goes to 0, places past n stay.
+    std::array<double, 41> lugares{};
+    auto referencia = [&](double cierre, int n) {
+        const double antes = n >= 1 ? lugares[std::size_t(n - 1)] : cierre;
+        for (int k = n; k >= 1; --k)
+            lugares[std::size_t(k)] = lugares[std::size_t(k - 1)];
+        lugares[0] = cierre;
+        return cierre - antes;
+    };
+    grafica g;
+    HistoriaMomentum h{};
+    const int ns[] = {0, 1, 2, 3, 3, 3, 5, 2, 2, 7, 7, 7, 7, 40, 40, 1, 14, 14, 14, 14, 3, 40, 39, 39, 0, 6, 6};
+    double p = 1;
+    for (int n : ns) {
+        const double cierre = p * p - 3 * p;
+        grafica_momentum(g, cierre, n, p, h);
+        EXPECT_EQ(g.valor(1, p), referencia(cierre, n)) << "call " << p << ", n " << n;
+        ++p;
     }
 }
 
