@@ -91,29 +91,43 @@ void enOrden(HistoriaMomentum &h)
 }
 } // namespace
 
+namespace
+{
+// Out of line, so that the call of every other day stays small: a history
+// for a new n, and any n that is not a whole number from 1 to 40.
+[[gnu::noinline]] void anilloPara(HistoriaMomentum &historia, int n)
+{
+    enOrden(historia);
+    historia.anillo = n;
+}
+
+[[gnu::noinline]] double momentoGeneral(double cierre, double n, HistoriaMomentum &historia)
+{
+    enOrden(historia);
+    std::array<double, 41> &lugares = historia.lugares;
+    for (double i = n; i >= 1; --i)
+        lugares[index(i, 0, 40)] = lugares[index(i - 1, 0, 40)];
+    lugares[0] = cierre;
+    return lugares[index(n, 0, 40)];
+}
+} // namespace
+
 void grafica_momentum(grafica &chart, double cierre, double n, double p, HistoriaMomentum &historia)
 {
     chart.NumSets(1);
     double antes = 0; // the close n places back, once the history has moved on
-    if (n >= 1 && n <= 40 && n == int(n)) {
-        const int lugar = int(n), m = lugar + 1;
-        if (historia.anillo != lugar) {
-            enOrden(historia);
-            historia.anillo = lugar;
-        }
+    const int lugar = n >= 1 && n <= 40 ? int(n) : 0;
+    if (lugar != 0 && lugar == n) {
+        if (historia.anillo != lugar)
+            anilloPara(historia, lugar);
         // Place n - 1 before the turn is place n after it; place n falls
         // off the ring's end and its slot takes the close as place 0.
-        int i = historia.inicio + lugar - 1;
+        const int m = lugar + 1, i = historia.inicio + lugar - 1;
         antes = historia.lugares[std::size_t(i >= m ? i - m : i)];
         historia.inicio = historia.inicio == 0 ? lugar : historia.inicio - 1;
         historia.lugares[std::size_t(historia.inicio)] = cierre;
     } else {
-        enOrden(historia);
-        std::array<double, 41> &lugares = historia.lugares;
-        for (double i = n; i >= 1; --i)
-            lugares[index(i, 0, 40)] = lugares[index(i - 1, 0, 40)];
-        lugares[0] = cierre;
-        antes = lugares[index(n, 0, 40)];
+        antes = momentoGeneral(cierre, n, historia);
     }
     double v = finite(cierre - antes);
     chart.Fila(p, &v, 1);
