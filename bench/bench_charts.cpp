@@ -284,7 +284,8 @@ void fourIndicators()
     const std::vector<Day> &days = gCharts->days;
     static const Medias medias(days);
     for (int i = 0; i < kPoints; ++i)
-        grafica_macd(macd, st, medias.corta[size_t(i)], medias.larga[size_t(i)], 0, i + 1, days[size_t(i)].close);
+        grafica_macd(macd, st, medias.corta[size_t(i)], medias.larga[size_t(i)], 0, i + 1,
+                     days[size_t(i)].close);
     for (int i = 0; i < kPoints; ++i)
         grafica_rsi(rsi, st, days[size_t(i)].dif, 0, i + 1);
     HistoriaMomentum h{};
@@ -297,7 +298,8 @@ void fourIndicators()
     Maximos extremes;
     for (int i = 0; i < kPoints; ++i) {
         const Day &d = days[size_t(i)];
-        grafica_stocastico(estocastico, st, d.close, extremes.Maxi(d.high, 5), extremes.Min(d.low, 5), 5, i + 1);
+        grafica_stocastico(estocastico, st, d.close, extremes.Maxi(d.high, 5), extremes.Min(d.low, 5), 5,
+                           i + 1);
     }
     for (const grafica *g : {&macd, &rsi, &momento, &estocastico})
         benchmark::DoNotOptimize(g->valor(1, kPoints));
@@ -309,7 +311,6 @@ void BM_FourIndicators3000(benchmark::State &state)
         fourIndicators();
 }
 BENCHMARK(BM_FourIndicators3000)->Unit(benchmark::kMicrosecond);
-
 
 // Each indicator over the series alone, to see where the time goes.
 template <typename F> void unaPasada(benchmark::State &state, F &&f)
@@ -402,8 +403,9 @@ int main(int argc, char **argv)
         const double chart = medianMs([&] { c.draw(); }, 101);
         const double base = medianMs([&] { r.draw(); }, 101);
         std::printf("three charts, 3000 points, %s: median %.3f ms\n", como, chart);
-        std::printf("  raw QPainter, same primitives: median %.3f ms, ratio charts / raw %.2f (target <= 2)\n",
-                    base, chart / base);
+        std::printf(
+            "  raw QPainter, same primitives: median %.3f ms, ratio charts / raw %.2f (target <= 2)\n", base,
+            chart / base);
         return chart;
     };
     const double ventana = medir(charts, raw, "one 1200x800 picture as the window splits it");

@@ -89,10 +89,7 @@ void enOrden(HistoriaMomentum &h)
     h.anillo = 0;
     h.inicio = 0;
 }
-} // namespace
 
-namespace
-{
 // Out of line, so that the call of every other day stays small: a history
 // for a new n, and any n that is not a whole number from 1 to 40.
 [[gnu::noinline]] void anilloPara(HistoriaMomentum &historia, int n)
@@ -151,7 +148,7 @@ void grafica_stocastico(grafica &chart, IndicatorState &state, double cierre, do
     // unequal finite numbers is not 0).
     if (den != 0)
         d = finite(num / den * 100); // an overflow of the ratio carries into the product
-    if (maximo != minimo) // the day's own ratio from registers, not read back
+    if (maximo != minimo)            // the day's own ratio from registers, not read back
         k = finite(numerador / denominador * 100);
     double fila[4] = {k, 20, 80, d};
     chart.Fila(p, fila, 4);

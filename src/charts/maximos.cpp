@@ -68,8 +68,8 @@ double Maximos::Mini(double valor, double periodo)
 // This is every case; the charts' case, a whole period, goes the quick way
 // of the header and never comes here.
 template <class Mejor>
-void extremoDelAnillo(std::array<double, 200> &anillo, std::int64_t &pos, double valor,
-                                        double periodo, double &extremo, double inicio, Mejor mejor)
+void extremoDelAnillo(std::array<double, 200> &anillo, std::int64_t &pos, double valor, double periodo,
+                      double &extremo, double inicio, Mejor mejor)
 {
     pos = std::int64_t(mod(double(pos), periodo)) + 1;
     anillo[size_t(index(double(pos), 1, 200) - 1)] = valor;

@@ -66,7 +66,8 @@ inline bool extremoRapido(std::array<double, 200> &anillo, std::int64_t &pos, do
 
 double Maximos::Maxi(double valor, double periodo)
 {
-    if (maximos_detalle::extremoRapido(ringMax_, posMax_, valor, periodo, maximo_, 0.0, std::greater<double>()))
+    if (maximos_detalle::extremoRapido(ringMax_, posMax_, valor, periodo, maximo_, 0.0,
+                                       std::greater<double>()))
         return maximo_;
     return MaxiEnAnillo(valor, periodo);
 }

@@ -131,10 +131,10 @@ TEST(Maximos, RingKeepsItsPlaceWhenThePeriodChanges)
     Maximos m;
     for (double v : {1, 2, 3, 4})
         m.Maxi(v, 4);
-    EXPECT_EQ(m.Maxi(9, 2), 9); // ring 9 2 3 4
-    EXPECT_EQ(m.Maxi(0, 2), 9); // ring 9 0 3 4
+    EXPECT_EQ(m.Maxi(9, 2), 9);   // ring 9 2 3 4
+    EXPECT_EQ(m.Maxi(0, 2), 9);   // ring 9 0 3 4
     EXPECT_EQ(m.Maxi(1, 2.5), 1); // ring 1 0 3 4
-    EXPECT_EQ(m.Maxi(-5, 4), 4); // place 2: ring 1 -5 3 4
+    EXPECT_EQ(m.Maxi(-5, 4), 4);  // place 2: ring 1 -5 3 4
 }
 
 double feed(Maximos &m, Op op, double v, double n)

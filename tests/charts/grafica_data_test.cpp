@@ -82,8 +82,8 @@ TEST(GraficaData, ARowAtOnceLeavesTheChartAsSetBySet)
     struct Row {
         double point;
         std::vector<double> values;
-    } rows[] = {{1, {-3, 4, -1}}, {1, {-3, 4, 2}}, {2, {7, std::nan(""), -6}}, {3, {0.5}}, {3000, {-9, 11}},
-                {2.5, {1, 2}}};
+    } rows[] = {{1, {-3, 4, -1}}, {1, {-3, 4, 2}},  {2, {7, std::nan(""), -6}},
+                {3, {0.5}},       {3000, {-9, 11}}, {2.5, {1, 2}}};
     for (bool log : {false, true}) {
         grafica porFilas(&log), porSeries(&log);
         for (const Row &r : rows) {
@@ -94,7 +94,8 @@ TEST(GraficaData, ARowAtOnceLeavesTheChartAsSetBySet)
                 porSeries.ThisSet(double(s + 1));
                 double v = r.values[s];
                 porSeries.Graphdata(v);
-                EXPECT_TRUE(fila[s] == v || (std::isnan(fila[s]) && std::isnan(v))) << "written back, log " << log;
+                EXPECT_TRUE(fila[s] == v || (std::isnan(fila[s]) && std::isnan(v)))
+                    << "written back, log " << log;
             }
             EXPECT_EQ(porFilas.YAxisMax(), porSeries.YAxisMax()) << "point " << r.point << " log " << log;
             EXPECT_EQ(porFilas.YAxisMin(), porSeries.YAxisMin()) << "point " << r.point << " log " << log;
@@ -272,7 +273,7 @@ TEST(GraficaData, AnularSplit)
     EXPECT_EQ(errorOf([&] { g.Anular_split(false); }), err::Overflow);
     EXPECT_EQ(box.foreColor(), 2);
     EXPECT_DOUBLE_EQ(g.valor(1, 1), 1e300); // divided
-    EXPECT_EQ(g.valor(2, 1), 1e300); // left as it was
+    EXPECT_EQ(g.valor(2, 1), 1e300);        // left as it was
 }
 
 TEST(GraficaData, WithoutPictureBox)

@@ -43,7 +43,7 @@ TEST(Indicators, MacdOnALogarithmicChartAveragesTheLogarithm)
     bool log = true;
     grafica g(&log);
     IndicatorState st;
-    grafica_macd(g, st, 110, 10, 0, 1, 100); // MACD 100, stored as 2
+    grafica_macd(g, st, 110, 10, 0, 1, 100);  // MACD 100, stored as 2
     grafica_macd(g, st, 1010, 10, 0, 2, 100); // MACD 1000, stored as 3
     EXPECT_NEAR(g.valor(1, 2), 3, 1e-12);
     // The signal starts at log 100 = 2 and moves a quarter of the way to 3;
@@ -150,7 +150,8 @@ TEST(Indicators, MomentumHistoryMovesOnlyTheFirstPlaces)
     };
     grafica g;
     HistoriaMomentum h{};
-    const int ns[] = {0, 1, 2, 3, 3, 3, 5, 2, 2, 7, 7, 7, 7, 40, 40, 1, 14, 14, 14, 14, 3, 40, 39, 39, 0, 6, 6};
+    const int ns[] = {0,  1, 2,  3,  3,  3,  5, 2,  2,  7,  7, 7, 7, 40,
+                      40, 1, 14, 14, 14, 14, 3, 40, 39, 39, 0, 6, 6};
     double p = 1;
     for (int n : ns) {
         const double cierre = p * p - 3 * p;
