@@ -155,7 +155,7 @@ class grafica
         float desde = 0, hasta = 0;
     };
     Plumas plumas() const;
-    Tramo tramo(double i, double dx) const;
+    static Tramo tramo(double i, double dx);
     void setLine(int s, double i, const Tramo &t, const Pluma &pluma);
     bool valorSimple(int s, double p, float &y) const;
     inline double &at(double set, double point);

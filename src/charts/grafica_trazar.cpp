@@ -164,14 +164,14 @@ grafica::Plumas grafica::plumas() const
     return p; // the eleventh, past the last set, fails both
 }
 
-grafica::Tramo grafica::tramo(double i, double dx) const
+grafica::Tramo grafica::tramo(double i, double dx)
 {
+    // toSingle of both ends, without the exception of a failure: the
+    // segments of the point are then not drawn.
+    const double desde = (i - 1) * dx, hasta = i * dx;
     Tramo t;
-    step([&] {
-        t.desde = toSingle((i - 1) * dx);
-        t.hasta = toSingle(i * dx);
-        t.valido = true;
-    });
+    if (std::fabs(desde) <= double(FLT_MAX) && std::fabs(hasta) <= double(FLT_MAX))
+        t = Tramo{true, float(desde), float(hasta)};
     return t;
 }
 
