@@ -2,6 +2,7 @@
 
 #include "core/numbers.h"
 #include "core/runtime_error.h"
+#include "store/sqlite_steps.h"
 
 #include <QDir>
 #include <QFile>
@@ -19,86 +20,6 @@ namespace
 {
 
 constexpr int kFileAlreadyExists = 58;
-
-[[noreturn]] void engineFailure(sqlite3 *db, const QString &context = QString())
-{
-    QString text = QString::fromUtf8(sqlite3_errmsg(db));
-    if (!context.isEmpty())
-        text = context + ": " + text;
-    throw RuntimeError(err::EngineError, text);
-}
-
-void run(sqlite3 *db, const QString &sql)
-{
-    char *message = nullptr;
-    if (sqlite3_exec(db, sql.toUtf8().constData(), nullptr, nullptr, &message) != SQLITE_OK) {
-        const QString text = QString::fromUtf8(message ? message : sqlite3_errmsg(db));
-        sqlite3_free(message);
-        throw RuntimeError(err::EngineError, text);
-    }
-}
-
-// A prepared statement that finalizes itself and binds from Qt types.
-class Statement
-{
-  public:
-    Statement(sqlite3 *db, const QString &sql) : db_(db)
-    {
-        if (sqlite3_prepare_v2(db, sql.toUtf8().constData(), -1, &stmt_, nullptr) != SQLITE_OK)
-            engineFailure(db, sql);
-    }
-    ~Statement() { sqlite3_finalize(stmt_); }
-    Statement(const Statement &) = delete;
-    Statement &operator=(const Statement &) = delete;
-
-    Statement &bind(int i, const QVariant &v)
-    {
-        if (v.isNull()) {
-            sqlite3_bind_null(stmt_, i);
-        } else if (v.typeId() == QMetaType::Int || v.typeId() == QMetaType::LongLong) {
-            sqlite3_bind_int64(stmt_, i, v.toLongLong());
-        } else if (v.typeId() == QMetaType::Double) {
-            sqlite3_bind_double(stmt_, i, v.toDouble());
-        } else {
-            const QString text =
-                v.typeId() == QMetaType::QDate ? v.toDate().toString(Qt::ISODate) : v.toString();
-            const QByteArray utf8 = text.toUtf8();
-            sqlite3_bind_text(stmt_, i, utf8.constData(), static_cast<int>(utf8.size()), SQLITE_TRANSIENT);
-        }
-        return *this;
-    }
-    // Steps once; true while a row is there.
-    bool step()
-    {
-        const int rc = sqlite3_step(stmt_);
-        if (rc == SQLITE_ROW)
-            return true;
-        if (rc != SQLITE_DONE)
-            engineFailure(db_);
-        return false;
-    }
-    void execute()
-    {
-        step();
-        reset();
-    }
-    void reset()
-    {
-        sqlite3_reset(stmt_);
-        sqlite3_clear_bindings(stmt_);
-    }
-    double number(int col) const { return sqlite3_column_double(stmt_, col); }
-    long long whole(int col) const { return sqlite3_column_int64(stmt_, col); }
-    QString text(int col) const
-    {
-        return QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(stmt_, col)));
-    }
-    bool isNull(int col) const { return sqlite3_column_type(stmt_, col) == SQLITE_NULL; }
-
-  private:
-    sqlite3 *db_;
-    sqlite3_stmt *stmt_ = nullptr;
-};
 
 QString quoted(const QString &name)
 {
@@ -192,15 +113,14 @@ CsvTable parseCsv(const QByteArray &bytes)
 
 void loadSchema(sqlite3 *db, const QString &dataDir)
 {
-    run(db, QString::fromUtf8(readFile(QDir(dataDir).filePath("schema.sql"))));
+    runSql(db, QString::fromUtf8(readFile(QDir(dataDir).filePath("schema.sql"))));
 }
 
 long loadReferenceTables(sqlite3 *db, const QString &dataDir)
 {
     const QStringList files = QDir(dataDir).entryList({"*.csv"}, QDir::Files, QDir::Name);
-    long written = 0;
-    run(db, "BEGIN");
-    try {
+    return inTransaction(db, [&] {
+        long written = 0;
         for (const QString &file : files) {
             const QString table = QFileInfo(file).completeBaseName();
             const CsvTable csv = parseCsv(readFile(QDir(dataDir).filePath(file)));
@@ -222,12 +142,8 @@ long loadReferenceTables(sqlite3 *db, const QString &dataDir)
                 ++written;
             }
         }
-        run(db, "COMMIT");
-    } catch (...) {
-        sqlite3_exec(db, "ROLLBACK", nullptr, nullptr, nullptr);
-        throw;
-    }
-    return written;
+        return written;
+    });
 }
 
 SampleQuoteOptions sampleQuoteOptions(sqlite3 *db, const BaseBuildOptions &options)
@@ -295,14 +211,17 @@ struct Position {
 
 void addDemoUser(sqlite3 *db)
 {
-    run(db, "BEGIN");
-    try {
+    inTransaction(db, [&] {
         // The demo user, then the two rows that pre-select it and fill in its
         // password at the login.
         Statement user(
             db, "INSERT INTO Usuario (NOMBRE, Password, Configuracion, Maximo_dias) VALUES (?, ?, ?, ?)");
         // Close and both averages drawn, the list "Todos", the RSI, operations on the chart.
-        user.bind(1, kDemoUser).bind(2, kDemoUser).bind(3, QStringLiteral("001110101")).bind(4, 250.0).execute();
+        user.bind(1, kDemoUser)
+            .bind(2, kDemoUser)
+            .bind(3, QStringLiteral("001110101"))
+            .bind(4, 250.0)
+            .execute();
         const long long demo = sqlite3_last_insert_rowid(db);
         user.bind(1, kDemoUser).bind(2, "738nomlib2").execute();
         user.bind(1, kDemoUser).bind(2, "sinllav627").execute();
@@ -394,11 +313,8 @@ void addDemoUser(sqlite3 *db)
             db, "UPDATE Usuario_Actual SET USUARIO_ACTUAL = ?, fecha_Actual = ?, fecha_inicial = ?, "
                 "fecha_final = ?");
         session.bind(1, demo).bind(2, newest).bind(3, monthBefore.text(0)).bind(4, newest).execute();
-        run(db, "COMMIT");
-    } catch (...) {
-        sqlite3_exec(db, "ROLLBACK", nullptr, nullptr, nullptr);
-        throw;
-    }
+        return 0;
+    });
 }
 
 void buildBase(const QString &outPath, const BaseBuildOptions &options)
@@ -417,14 +333,14 @@ void buildBase(const QString &outPath, const BaseBuildOptions &options)
     }
     try {
         // A half-built file is removed below, so the build needs no journal on disk.
-        run(db, "PRAGMA synchronous = OFF; PRAGMA journal_mode = MEMORY");
+        runSql(db, "PRAGMA synchronous = OFF; PRAGMA journal_mode = MEMORY");
         loadSchema(db, options.dataDir);
         loadReferenceTables(db, options.dataDir);
         if (options.sample) {
             insertSampleQuotes(db, sampleQuoteOptions(db, options));
             addDemoUser(db);
         }
-        run(db, "ANALYZE");
+        runSql(db, "ANALYZE");
         sqlite3_close(db);
     } catch (...) {
         sqlite3_close(db);

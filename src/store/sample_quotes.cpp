@@ -1,6 +1,7 @@
 #include "store/sample_quotes.h"
 
 #include "core/runtime_error.h"
+#include "store/sqlite_steps.h"
 
 #include <QSet>
 #include <algorithm>
@@ -126,33 +127,6 @@ Row zeroCloseDay(const Walk &w)
     return Row{w.lastClose, 0, 0, 0, 0, 0, 0};
 }
 
-class Statement
-{
-  public:
-    Statement(sqlite3 *db, const char *sql)
-    {
-        if (sqlite3_prepare_v2(db, sql, -1, &stmt_, nullptr) != SQLITE_OK)
-            throw RuntimeError(err::EngineError, QString::fromUtf8(sqlite3_errmsg(db)));
-    }
-    ~Statement() { sqlite3_finalize(stmt_); }
-    Statement(const Statement &) = delete;
-    Statement &operator=(const Statement &) = delete;
-    sqlite3_stmt *get() const { return stmt_; }
-
-  private:
-    sqlite3_stmt *stmt_ = nullptr;
-};
-
-void run(sqlite3 *db, const char *sql)
-{
-    char *message = nullptr;
-    if (sqlite3_exec(db, sql, nullptr, nullptr, &message) != SQLITE_OK) {
-        const QString text = QString::fromUtf8(message ? message : sqlite3_errmsg(db));
-        sqlite3_free(message);
-        throw RuntimeError(err::EngineError, text);
-    }
-}
-
 } // namespace
 
 long insertSampleQuotes(sqlite3 *db, const SampleQuoteOptions &options)
@@ -165,12 +139,12 @@ long insertSampleQuotes(sqlite3 *db, const SampleQuoteOptions &options)
     const QSet<int> indices(options.indexValues.begin(), options.indexValues.end());
     const QSet<QDate> zeroDays(options.zeroCloseDays.begin(), options.zeroCloseDays.end());
 
-    run(db, "BEGIN");
-    long written = 0;
-    try {
-        Statement insert(db,
-                         "INSERT INTO bolsa (VALOR, FECHA, ANTERIOR, ULTIMO, DIF, VOLUMEN, MAXIMO, MINIMO, "
-                         "EFECT) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?)");
+    return inTransaction(db, [&] {
+        long written = 0;
+        Statement insert(
+            db,
+            QStringLiteral("INSERT INTO bolsa (VALOR, FECHA, ANTERIOR, ULTIMO, DIF, VOLUMEN, MAXIMO, MINIMO, "
+                           "EFECT) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?)"));
         sqlite3_stmt *s = insert.get();
         for (int value : options.values) {
             // One stream a value, so adding a value leaves the others as they were.
@@ -192,17 +166,13 @@ long insertSampleQuotes(sqlite3 *db, const SampleQuoteOptions &options)
                 sqlite3_bind_double(s, 8, r.minimo);
                 sqlite3_bind_double(s, 9, r.efect);
                 if (sqlite3_step(s) != SQLITE_DONE)
-                    throw RuntimeError(err::EngineError, QString::fromUtf8(sqlite3_errmsg(db)));
+                    engineFailure(db);
                 sqlite3_reset(s);
                 ++written;
             }
         }
-        run(db, "COMMIT");
-    } catch (...) {
-        sqlite3_exec(db, "ROLLBACK", nullptr, nullptr, nullptr);
-        throw;
-    }
-    return written;
+        return written;
+    });
 }
 
 } // namespace tesorel
