@@ -16,13 +16,19 @@ double MMedia::SiguienteEnAnillo(double valor, double &periodo, double tipo)
     return 0;
 }
 
-double MMedia::Siguiente_simple(double valor, double &periodo)
+void MMedia::entraEnAnillo(double valor, double &periodo, double &cuenta)
 {
-    cuentaSimple_ = cuentaSimple_ + 1;
-    if (cuentaSimple_ < periodo)
-        periodo = cuentaSimple_;
+    // During the warm-up the window is the values seen so far.
+    cuenta = cuenta + 1;
+    if (cuenta < periodo)
+        periodo = cuenta;
     posicion_ = mod(posicion_, periodo) + 1;
     ring_[index(posicion_, 1, 200) - 1] = valor;
+}
+
+double MMedia::Siguiente_simple(double valor, double &periodo)
+{
+    entraEnAnillo(valor, periodo, cuentaSimple_);
     double total = 0, cuenta = 0;
     for (double k = 1; k <= periodo; ++k) {
         const double v = ring_[index(k, 1, 200) - 1];
@@ -36,11 +42,7 @@ double MMedia::Siguiente_simple(double valor, double &periodo)
 
 double MMedia::siguiente_ponderada(double valor, double &periodo)
 {
-    cuentaPonderada_ = cuentaPonderada_ + 1;
-    if (cuentaPonderada_ < periodo)
-        periodo = cuentaPonderada_;
-    posicion_ = mod(posicion_, periodo) + 1;
-    ring_[index(posicion_, 1, 200) - 1] = valor;
+    entraEnAnillo(valor, periodo, cuentaPonderada_);
     // Forward from the newest, which wraps at once to the oldest: the
     // newest weighs n, the oldest n - 1, the one before the newest 1.
     double peso = periodo, acumulado = 0, pos = posicion_;

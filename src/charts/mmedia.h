@@ -35,6 +35,9 @@ class MMedia
 
   private:
     double SiguienteEnAnillo(double valor, double &periodo, double tipo);
+    // Counts the value in `cuenta`, shortens the caller's period to it and
+    // writes the value at the ring's next place.
+    void entraEnAnillo(double valor, double &periodo, double &cuenta);
     std::array<double, 200> ring_{}; // positions 1..200
     double posicion_ = 0;
     double exponencial_ = 0;
