@@ -23,10 +23,7 @@ struct Fila {
 
 // A base with two companies, the main window's three charts on recording
 // surfaces, and the operations and interaction models around them.
-struct ChartFixture {
-    TestBase base;
-    ScriptedUi ui;
-    Session s{ui, base.folder()};
+struct ChartFixture : SesionDePrueba {
     RecordingSurface p1, p2, p3;
     GraficaPrincipal g{s};
     OperacionesGrafica ops{s, g};
@@ -39,7 +36,6 @@ struct ChartFixture {
         base.db->executeNative(
             QStringLiteral("INSERT INTO Codigo_Empresas VALUES (7,'ACME','ACM','ACME SA','x');"
                            "INSERT INTO Codigo_Empresas VALUES (8,'OTRA','OTR','OTRA SA','y');"));
-        s.Base_Datos = base.db;
         Abrir_Empresas(s);
         s.Usuario_Numero = 1;
         g.DefinirGraficas(&p1, &p2, &p3);

@@ -17,17 +17,13 @@ namespace tesorel::testing
 // A small market: three values quoted on the current day (15 March 2024),
 // one Ibex member without a quote that day, a portfolio series row, user 1
 // with two holdings and two followed values.
-class MarketTest : public ::testing::Test
+class MarketTest : public ::testing::Test, protected SesionDePrueba
 {
   protected:
-    TestBase base;
-    ScriptedUi ui;
-    Session s{ui, base.folder()};
     std::unique_ptr<NavegadorValores> nav;
 
     void SetUp() override
     {
-        s.Base_Datos = base.db;
         s.hostLaBolsa = "http://127.0.0.1:9";
         const char *rows[] = {
             "insert into codigo_empresas values (1, 'IBEX 35', 'IBEX', 'IBEX 35', null)",

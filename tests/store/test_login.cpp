@@ -12,12 +12,8 @@ using namespace tesorel;
 namespace
 {
 
-struct LoginTest : ::testing::Test {
-    tesorel::testing::TestBase base;
-    ScriptedUi ui;
-    Session s{ui, base.folder()};
+struct LoginTest : ::testing::Test, tesorel::testing::SesionDePrueba {
     QString configuracion = "sin escribir";
-    void SetUp() override { s.Base_Datos = base.db; }
     void usuarios(const QString &valores)
     {
         base.db->executeNative(

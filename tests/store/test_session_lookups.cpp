@@ -10,15 +10,10 @@ using namespace tesorel;
 
 namespace {
 
-class Lookups : public ::testing::Test {
+class Lookups : public ::testing::Test, protected tesorel::testing::SesionDePrueba {
 protected:
-    tesorel::testing::TestBase base;
-    ScriptedUi ui;
-    Session s{ui, base.folder()};
-
     void SetUp() override
     {
-        s.Base_Datos = base.db;
         base.db->execute("insert into codigo_empresas (codigo, nombre, abreviatura3, abreviatura11, invertia) "
                          "values (1, 'BANCO SANTANDER', 'SAN', 'SANTANDER', 'RV011SANTANDER')");
         base.db->execute("insert into codigo_empresas (codigo, nombre, abreviatura3, abreviatura11, invertia) "

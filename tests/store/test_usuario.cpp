@@ -12,13 +12,9 @@ using namespace tesorel;
 namespace
 {
 
-struct UsuarioTest : ::testing::Test {
-    tesorel::testing::TestBase base;
-    ScriptedUi ui;
-    Session s{ui, base.folder()};
+struct UsuarioTest : ::testing::Test, tesorel::testing::SesionDePrueba {
     void SetUp() override
     {
-        s.Base_Datos = base.db;
         base.db->executeNative(
             "INSERT INTO bolsa (VALOR, FECHA, ULTIMO) VALUES (1, '2024-01-02', 10),"
             "(1, '2024-03-28', 11), (2, '2024-02-15', 5);"

@@ -4,6 +4,8 @@
 #include <memory>
 
 #include "store/database.h"
+#include "store/session.h"
+#include "store/ui.h"
 
 namespace tesorel::testing {
 
@@ -23,6 +25,15 @@ struct TestBase {
     }
     QString folder() const { return dir.path(); }
     QString path() const { return dir.path() + "/base1.mdb"; }
+};
+
+// A session on a fresh base, with scripted dialogs: the ground of most
+// fixtures.
+struct SesionDePrueba {
+    TestBase base;
+    ScriptedUi ui;
+    Session s{ui, base.folder()};
+    SesionDePrueba() { s.Base_Datos = base.db; }
 };
 
 } // namespace tesorel::testing
