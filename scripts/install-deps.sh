@@ -10,6 +10,7 @@ packages=(
   libgtest-dev libgmock-dev libbenchmark-dev
   clang libclang-rt-14-dev
   python3 xvfb xauth fonts-dejavu-core
+  dovecot-pop3d
 )
 
 missing=()

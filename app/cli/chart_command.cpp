@@ -206,4 +206,9 @@ int chartCommand(const QStringList &args)
     return kOk;
 }
 
+namespace
+{
+const CommandRegistration registro{{"chart", "chart BASE NAME --png OUT [--csv OUT] [--user N] [--days N] [--candle] [--log] [--splits] [--indicator 0-3] [--mediat A,B] [--operations]   draw a value's charts", chartCommand, true}};
+} // namespace
+
 } // namespace tesorel::cli

@@ -1,5 +1,6 @@
 #pragma once
 #include <QStringList>
+#include <vector>
 
 namespace tesorel::cli
 {
@@ -16,11 +17,16 @@ struct Command {
     const char *name;
     const char *synopsis; // the line of the usage text
     CommandFunction run;
+    bool drawsOrUsesNetwork = false; // needs a GUI application (fonts) rather than a core one
 };
 
-int makebaseCommand(const QStringList &args);
-int sqlCommand(const QStringList &args);
-int chartCommand(const QStringList &args);
+// A command is one file of its own that registers itself with one line:
+//     const CommandRegistration registro{{"sql", "sql BASE STATEMENT   ...", sqlCommand}};
+struct CommandRegistration {
+    explicit CommandRegistration(const Command &command);
+};
+// Every registered command, by name.
+const std::vector<Command> &registeredCommands();
 
 // Prints the usage text on stderr and returns kUsage.
 int usage();

@@ -3,6 +3,7 @@
 #include "core/runtime_error.h"
 
 #include <QCoreApplication>
+#include <algorithm>
 #include <QGuiApplication>
 #include <cstdio>
 #include <cstring>
@@ -15,25 +16,30 @@ namespace tesorel::cli
 
 namespace
 {
-
-// A new command is one more line here and one file of its own.
-const Command kCommands[] = {
-    {"makebase", "makebase OUT [--sample] [--data DIR]   build a new base from the data folder",
-     makebaseCommand},
-    {"sql", "sql BASE STATEMENT                       run one statement, print its rows", sqlCommand},
-    {"chart",
-     "chart BASE NAME --png OUT [--csv OUT] [--user N] [--days N] [--candle] [--log] [--splits] [--indicator "
-     "0-3] "
-     "[--mediat A,B] [--operations]   draw a value's charts",
-     chartCommand},
-};
-
+std::vector<Command> &registro()
+{
+    static std::vector<Command> commands;
+    return commands;
+}
 } // namespace
+
+CommandRegistration::CommandRegistration(const Command &command)
+{
+    auto &commands = registro();
+    auto at = std::lower_bound(commands.begin(), commands.end(), command,
+                               [](const Command &a, const Command &b) { return std::strcmp(a.name, b.name) < 0; });
+    commands.insert(at, command);
+}
+
+const std::vector<Command> &registeredCommands()
+{
+    return registro();
+}
 
 int usage()
 {
     std::fputs("Uso: tesorel-cli COMANDO [ARGUMENTOS]\n\n", stderr);
-    for (const Command &c : kCommands)
+    for (const Command &c : registeredCommands())
         std::fprintf(stderr, "  tesorel-cli %s\n", c.synopsis);
     return kUsage;
 }
@@ -50,7 +56,9 @@ int main(int argc, char *argv[])
 {
     using namespace tesorel::cli;
     // Drawing needs fonts, and so a GUI application, offscreen.
-    const bool dibuja = argc > 1 && std::strcmp(argv[1], "chart") == 0;
+    bool dibuja = false;
+    for (const Command &c : registeredCommands())
+        dibuja = dibuja || (argc > 1 && c.drawsOrUsesNetwork && std::strcmp(argv[1], c.name) == 0);
     if (dibuja && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     std::unique_ptr<QCoreApplication> app(dibuja ? new QGuiApplication(argc, argv)
@@ -60,7 +68,7 @@ int main(int argc, char *argv[])
     if (args.isEmpty())
         return usage();
     const QString name = args.takeFirst();
-    for (const Command &c : kCommands) {
+    for (const Command &c : registeredCommands()) {
         if (name != QLatin1String(c.name))
             continue;
         try {

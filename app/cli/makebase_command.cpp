@@ -59,4 +59,9 @@ int makebaseCommand(const QStringList &args)
     return kOk;
 }
 
+namespace
+{
+const CommandRegistration registro{{"makebase", "makebase OUT [--sample] [--data DIR]   build a new base from the data folder", makebaseCommand, false}};
+} // namespace
+
 } // namespace tesorel::cli

@@ -87,4 +87,9 @@ int sqlCommand(const QStringList &args)
     return kOk;
 }
 
+namespace
+{
+const CommandRegistration registro{{"sql", "sql BASE STATEMENT                       run one statement, print its rows", sqlCommand, false}};
+} // namespace
+
 } // namespace tesorel::cli

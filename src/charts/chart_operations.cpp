@@ -9,6 +9,7 @@
 #include "store/helpers.h"
 #include "store/recordset.h"
 #include "store/session.h"
+#include "store/valor.h"
 
 #include <cmath>
 
@@ -166,7 +167,7 @@ void OperacionesGrafica::VerOperacionesGraficaCartera()
         palo.y2 = y;
         palo.y1 = palo.y2 + 3 * h;
         e.visible = true;
-        const QString abreviatura = valor > 34000 ? QStringLiteral("CARTERA") : Abreviatura11_De(s_, valor);
+        const QString abreviatura = valor::esCartera(valor) ? valor::NombreCartera : Abreviatura11_De(s_, valor);
         e.caption =
             (tipo == 2 ? QStringLiteral(" C") + Str(cantidad) : QStringLiteral(" V") + Str(-cantidad)) +
             QStringLiteral(" ") + abreviatura + QStringLiteral(" ");

@@ -12,6 +12,7 @@
 #include "core/scale.h"
 #include "store/helpers.h"
 #include "store/session.h"
+#include "store/valor.h"
 
 #include <QElapsedTimer>
 #include <cmath>
@@ -236,7 +237,7 @@ void GraficaPrincipal::DibujarGrafica()
             // series only the first.
             bool fin = false;
             while (q.Ultimo() == 0) {
-                if (q.Valor() >= 34000 && saltado)
+                if (q.Valor() >= valor::PrimeraCartera && saltado)
                     break;
                 saltado = true;
                 for (grafica *g : {&GraficaPrecio, &GraficaVolumen, &GraficaIndicador})

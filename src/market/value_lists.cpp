@@ -9,6 +9,7 @@
 #include "store/helpers.h"
 #include "store/recordset.h"
 #include "store/session.h"
+#include "store/valor.h"
 
 namespace tesorel
 {
@@ -33,8 +34,6 @@ const QString SqlAlAzar =
                    "JOIN Codigo_Empresas "
                    "ON bolsa_de_un_dia.VALOR = Codigo_Empresas.Codigo  ORDER BY Codigo_Empresas.Nombre");
 
-// The portfolio series of every user lives in bolsa from this code up.
-constexpr double PrimeraCartera = 34000;
 
 } // namespace
 
@@ -134,7 +133,7 @@ void ListaValores::Cartera()
     // The filter keeps every portfolio series out of the lists; this entry
     // is the only way to the user's own.
     const int at = List1.AddItem("CARTERA");
-    List1.setItemData(at, PrimeraCartera + s.Usuario_Numero);
+    List1.setItemData(at, valor::codigoCartera(s.Usuario_Numero));
 }
 
 void ListaValores::LosqueSuben()

@@ -155,7 +155,7 @@ void Principal::Form_Activate()
         return;
     s_.Hay_Conexion = s_.Permitir_Conexion;
     Version = QStringLiteral("Tesorel 2.007 - Revisión ") + QString::number(TESOREL_REVISION);
-    Usuario_Sesion = std::make_unique<Usuario>(s_);
+    s_.Usuario_Sesion = std::make_unique<Usuario>(s_);
     s_.paso([&] {
         base(s_);
         Abrir_Empresas(s_);

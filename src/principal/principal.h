@@ -13,7 +13,6 @@ namespace tesorel
 
 class Comandos;
 class Session;
-class Usuario;
 
 // The main window without its widgets: the start-up and the closing of the
 // session, the network indicator, the configuration panel and the tab strip.
@@ -53,7 +52,6 @@ class Principal
     double Codigo_Valor() const { return mercado.seleccion.Codigo_Valor; }
     const QString &Sql_Lista() const { return mercado.lista.Sql_Lista; }
     double Primera_Activacion_Hecha = 0;
-    std::unique_ptr<Usuario> Usuario_Sesion;
 
     bool Terminado = false; // the program has been ended
     QString carpetaNoHay() const;

@@ -88,13 +88,35 @@ sqlite3_stmt *Database::prepareCached(const QString &sqliteSql)
         return *found;
     }
     sqlite3_stmt *stmt = prepareStatement(db_, sqliteSql, sqliteSql, SQLITE_PREPARE_PERSISTENT, true);
-    if (cache_.size() >= kCacheLimit) {
+    if (cache_.size() >= kCacheLimit && inUse_.isEmpty()) {
         for (sqlite3_stmt *old : std::as_const(cache_))
             sqlite3_finalize(old);
         cache_.clear();
     }
     cache_.insert(sqliteSql, stmt);
     return stmt;
+}
+
+sqlite3_stmt *Database::acquireStatement(const QString &sqliteSql, bool &owned)
+{
+    const auto found = cache_.constFind(sqliteSql);
+    owned = found != cache_.constEnd() && inUse_.contains(*found);
+    if (owned)
+        return prepareStatement(db_, sqliteSql, sqliteSql, 0, true);
+    sqlite3_stmt *stmt = prepareCached(sqliteSql);
+    inUse_.insert(stmt);
+    return stmt;
+}
+
+void Database::releaseStatement(sqlite3_stmt *stmt, bool owned)
+{
+    if (owned) {
+        sqlite3_finalize(stmt);
+        return;
+    }
+    sqlite3_reset(stmt);
+    sqlite3_clear_bindings(stmt);
+    inUse_.remove(stmt);
 }
 
 int Database::execute(const QString &jetSql)

@@ -1,5 +1,6 @@
 #pragma once
 #include <QHash>
+#include <QSet>
 #include <QString>
 #include <memory>
 
@@ -52,6 +53,10 @@ class Database : public std::enable_shared_from_this<Database>
     // Internal: a prepared statement for SQLite SQL, reset and with bindings
     // cleared, from the cache. The database keeps ownership.
     sqlite3_stmt *prepareCached(const QString &sqliteSql);
+    // Internal, for Query: the cached statement when no other Query is
+    // stepping it, else a new one that the caller finalizes (`owned`).
+    sqlite3_stmt *acquireStatement(const QString &sqliteSql, bool &owned);
+    void releaseStatement(sqlite3_stmt *stmt, bool owned);
     // Internal: throws the engine's last failure as RuntimeError.
     [[noreturn]] void raiseEngineError(const QString &context = QString()) const;
 
@@ -63,6 +68,7 @@ class Database : public std::enable_shared_from_this<Database>
     QString path_;
     int transactionDepth_ = 0;
     QHash<QString, sqlite3_stmt *> cache_;
+    QSet<sqlite3_stmt *> inUse_; // cached statements a live Query holds
 };
 
 } // namespace tesorel

@@ -1,4 +1,5 @@
 #include "store/helpers.h"
+#include "store/valor.h"
 
 #include "core/format.h"
 #include "core/numbers.h"
@@ -145,16 +146,16 @@ QString Nombre_De(Session &s, const QVariant &code)
     if (!code.isValid() || code.isNull() || Texto_Nulo(code).isEmpty())
         return {};
     const double value = code.toDouble();
-    if (value > 34000)
-        return "CARTERA " + s.Nombre_Usuario;
+    if (valor::esCartera(value))
+        return valor::NombreCartera + " " + s.Nombre_Usuario;
     const int row = s.empresas.buscarCodigo(value);
     return row < 0 ? QString() : s.empresas.filas[row].nombre;
 }
 
 double Codigo_De(Session &s, const QString &name, double kind)
 {
-    if (name.left(7).toUpper() == "CARTERA")
-        return 34000 + s.Usuario_Numero;
+    if (valor::nombreDeCartera(name))
+        return valor::codigoCartera(s.Usuario_Numero);
 
     IndiceEmpresas &idx = s.empresas;
     int row = idx.ultima;

@@ -70,7 +70,7 @@ QString textLiteral(const QString &content)
     return u'\'' + doubled + QStringLiteral("' COLLATE NOCASE");
 }
 
-enum class Mode { Statement, Criteria };
+enum class Mode { Statement, Criteria, Parameters };
 
 QString translateText(const QString &jet, Mode mode)
 {
@@ -147,8 +147,13 @@ QString translateText(const QString &jet, Mode mode)
                     QStringLiteral("Se encontraron caracteres después del final de la instrucción SQL."));
             i = n;
         } else if (c == u'?') {
-            // Outside a LIKE pattern a '?' means nothing to the dialect.
-            syntaxError(jet);
+            // Outside a LIKE pattern a '?' means nothing to the dialect, but
+            // a statement with bound values marks each of them with one.
+            if (mode != Mode::Parameters)
+                syntaxError(jet);
+            // A bound text compares as a text literal of the dialect does.
+            out += QStringLiteral("? COLLATE NOCASE");
+            ++i;
         } else {
             if (c == u'(')
                 ++depth;
@@ -239,6 +244,11 @@ bool itemMatches(const PatternItem &item, QChar c)
 QString translate(const QString &jetSql)
 {
     return translateText(jetSql, Mode::Statement);
+}
+
+QString translateWithParameters(const QString &jetSql)
+{
+    return translateText(jetSql, Mode::Parameters);
 }
 
 QString translateCriteria(const QString &criteria)

@@ -11,6 +11,11 @@ namespace tesorel::jet
 // engine would refuse (an unclosed quote, a bad date literal).
 QString translate(const QString &jetSql);
 
+// The same for a statement whose values are bound: each '?' outside a text
+// stands for one of them, so no value read from a file or typed ever
+// becomes part of the statement's text.
+QString translateWithParameters(const QString &jetSql);
+
 // A criterion of FindFirst/Filter ("FECHA = #03/15/24#", "valor = 12 and
 // usuario = 1", "Nombre = 'X'", "Abreviatura11 LIKE 'B*'") as an SQLite
 // WHERE expression.

@@ -3,6 +3,7 @@
 #include "store/database.h"
 #include "store/recordset.h"
 #include "store/ui.h"
+#include "store/usuario.h"
 
 namespace tesorel {
 
@@ -61,6 +62,8 @@ void Session::abrirBase(const QString &path)
 
 void Session::Registrar_Error(const RuntimeError &error)
 {
+    if (alRegistrarError)
+        alRegistrarError(error);
     errores.registrar(ui, carpeta, Ubicacion_Error, error);
 }
 

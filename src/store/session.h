@@ -4,6 +4,8 @@
 #include <QString>
 #include <array>
 #include <exception>
+#include <functional>
+#include <optional>
 #include <memory>
 #include <vector>
 
@@ -15,6 +17,7 @@ namespace tesorel {
 class Database;
 class Recordset;
 class Ui;
+class Usuario;
 
 // One row of Codigo_Empresas as the lookups need it.
 struct Empresa {
@@ -57,7 +60,10 @@ public:
     std::unique_ptr<Recordset> Fechas_rs, Usuario_Actual_rs, Historico_rs;
     IndiceEmpresas empresas;
 
+    // The logged-in user: its number, and the object that reads its
+    // interval and mail settings (made by the main window's Load).
     double Usuario_Numero = 0;
+    std::unique_ptr<Usuario> Usuario_Sesion;
     QString Nombre_Usuario;
     double Maximo_Dias_Sesion = 0;
     QString Codigo_Invertia;
@@ -76,6 +82,14 @@ public:
     QString hostLaBolsa = "https://www.labolsa.com";
 
     ErrorRoutine errores;
+    // Told of every failure reported, whether or not the routine shows its
+    // dialog (the command line prints them all).
+    std::function<void(const RuntimeError &)> alRegistrarError;
+
+    // The machine's date wherever a window reads the clock; a fixed day
+    // stands for it when set (the command line's --today, tests).
+    std::optional<QDate> hoyFijo;
+    QDate Hoy() const { return hoyFijo ? *hoyFijo : QDate::currentDate(); }
 
     // Reports a failure through the error routine with the current mark.
     void Registrar_Error(const RuntimeError &error);

@@ -1,6 +1,7 @@
 #include "windows/principal_window.h"
 #include "windows/chart_view.h"
 #include "windows/principal_charts.h"
+#include "windows/ventanas.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -121,6 +122,9 @@ void PrincipalWindow::registrarVentanas()
         DatosUsuarioDialog datos(s_, ProveedorCorreo{}, this);
         datos.exec();
     });
+    registrarVentanasCartera(*this, s_, comandos_);
+    registrarVentanasImportacion(*this, s_, comandos_);
+    registrarVentanaCotizaciones(*this, s_, comandos_);
 }
 
 void PrincipalWindow::mostrar()

@@ -1,0 +1,152 @@
+#include "store/query.h"
+
+#include "core/runtime_error.h"
+#include "store/database.h"
+#include "store/engine_errors.h"
+#include "store/field_values.h"
+#include "store/jet_sql.h"
+
+#include <sqlite3.h>
+
+namespace tesorel
+{
+
+Query::Query(Database &db, const QString &jetSql) : db_(db), jetSql_(jetSql)
+{
+    const QString sql = jet::translateWithParameters(jetSql);
+    try {
+        stmt_ = db.acquireStatement(sql, owned_);
+    } catch (const RuntimeError &e) {
+        // Report against what the caller wrote, not the translation.
+        if (e.number() == err::SyntaxError)
+            throw RuntimeError(err::SyntaxError, jet::syntaxMessage(jetSql));
+        throw;
+    }
+}
+
+Query::~Query()
+{
+    db_.releaseStatement(stmt_, owned_);
+}
+
+Query &Query::bind(int parameter, const QVariant &value)
+{
+    if (parameter < 1 || parameter > sqlite3_bind_parameter_count(stmt_))
+        throw RuntimeError(err::TooFewParameters,
+                           QStringLiteral("Pocos parámetros. Se esperaba %1.").arg(parameter));
+    bindValue(stmt_, parameter, value);
+    return *this;
+}
+
+Query &Query::bind(int parameter, double value)
+{
+    return bind(parameter, QVariant(value));
+}
+Query &Query::bind(int parameter, qint64 value)
+{
+    return bind(parameter, QVariant(value));
+}
+Query &Query::bind(int parameter, const QString &value)
+{
+    return bind(parameter, QVariant(value));
+}
+Query &Query::bind(int parameter, const QDate &value)
+{
+    return bind(parameter, value.isValid() ? QVariant(value) : QVariant());
+}
+
+bool Query::next()
+{
+    if (done_)
+        return false;
+    const int rc = sqlite3_step(stmt_);
+    if (rc == SQLITE_ROW)
+        return true;
+    done_ = true;
+    if (rc != SQLITE_DONE) {
+        const RuntimeError failure = engineError(db_.handle(), jetSql_);
+        sqlite3_reset(stmt_);
+        throw failure;
+    }
+    return false;
+}
+
+int Query::exec()
+{
+    reset();
+    while (next()) {
+    }
+    const int changed = sqlite3_changes(db_.handle());
+    reset();
+    return changed;
+}
+
+void Query::reset()
+{
+    sqlite3_reset(stmt_);
+    done_ = false;
+}
+
+int Query::columnCount() const
+{
+    return sqlite3_column_count(stmt_);
+}
+bool Query::isNull(int column) const
+{
+    return sqlite3_column_type(stmt_, column) == SQLITE_NULL;
+}
+double Query::number(int column) const
+{
+    return sqlite3_column_double(stmt_, column);
+}
+qint64 Query::whole(int column) const
+{
+    return sqlite3_column_int64(stmt_, column);
+}
+QString Query::text(int column) const
+{
+    const auto *bytes = reinterpret_cast<const char *>(sqlite3_column_text(stmt_, column));
+    return bytes ? QString::fromUtf8(bytes, sqlite3_column_bytes(stmt_, column)) : QString();
+}
+QDate Query::date(int column) const
+{
+    return isNull(column) ? QDate() : QDate::fromString(text(column).left(10), Qt::ISODate);
+}
+QVariant Query::value(int column) const
+{
+    return columnValue(stmt_, column, columnKind(sqlite3_column_decltype(stmt_, column)));
+}
+
+qint64 Query::lastInsertId() const
+{
+    return sqlite3_last_insert_rowid(db_.handle());
+}
+
+Transaction::Transaction(Database &db, OnLeave onLeave) : db_(db), onLeave_(onLeave)
+{
+    db_.beginTransaction();
+}
+
+Transaction::~Transaction()
+{
+    if (!open_)
+        return;
+    try {
+        if (onLeave_ == OnLeave::KeepWritten)
+            db_.commit();
+        else
+            db_.rollback();
+    } catch (...) {
+        // Leaving a scope must not throw; the engine undoes an unfinished group itself.
+    }
+}
+
+void Transaction::commit()
+{
+    if (!open_)
+        return;
+    open_ = false;
+    db_.commit();
+}
+
+} // namespace tesorel
