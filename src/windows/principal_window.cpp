@@ -122,8 +122,12 @@ void PrincipalWindow::registrarVentanas()
         DatosUsuarioDialog datos(s_, ProveedorCorreo{}, this);
         datos.exec();
     });
+    registrarVentanasCompraVenta(*this, s_, comandos_);
+    registrarVentanasHistorico(*this, s_, comandos_);
     registrarVentanasCartera(*this, s_, comandos_);
     registrarVentanasImportacion(*this, s_, comandos_);
+    registrarVentanasInternet(*this, s_, comandos_);
+    registrarVentanasCorreo(*this, s_, comandos_);
     registrarVentanaCotizaciones(*this, s_, comandos_);
 }
 

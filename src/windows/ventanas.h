@@ -10,10 +10,18 @@ class Comandos;
 class PrincipalWindow;
 class Session;
 
-// Buying, selling, brokers, the portfolio, the ledger (cartera_ventanas.cpp).
+// Buying, selling and the brokers (compraventa_ventanas.cpp).
+void registrarVentanasCompraVenta(PrincipalWindow &principal, Session &s, Comandos &comandos);
+// The ledger and its editor (historico_ventanas.cpp).
+void registrarVentanasHistorico(PrincipalWindow &principal, Session &s, Comandos &comandos);
+// The portfolio and its editor (cartera_ventanas.cpp).
 void registrarVentanasCartera(PrincipalWindow &principal, Session &s, Comandos &comandos);
-// Quote files, web closes, mail, broker statements, companies (importacion_ventanas.cpp).
+// Quote files and the company table (importacion_ventanas.cpp).
 void registrarVentanasImportacion(PrincipalWindow &principal, Session &s, Comandos &comandos);
+// Closing prices from the web (internet_ventanas.cpp).
+void registrarVentanasInternet(PrincipalWindow &principal, Session &s, Comandos &comandos);
+// Mail and broker statements (correo_ventanas.cpp).
+void registrarVentanasCorreo(PrincipalWindow &principal, Session &s, Comandos &comandos);
 // The quotes table (cotizaciones_ventana.cpp).
 void registrarVentanaCotizaciones(PrincipalWindow &principal, Session &s, Comandos &comandos);
 
