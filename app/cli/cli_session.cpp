@@ -3,7 +3,7 @@
 #include "core/runtime_error.h"
 #include "store/database.h"
 #include "store/helpers.h"
-#include "store/login.h"
+#include "users/login.h"
 #include "store/recordset.h"
 #include "store/usuario.h"
 #include "core/numbers.h"

@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "market/market_browser.h"
-#include "store/configuracion.h"
+#include "users/configuracion.h"
 
 namespace tesorel
 {

@@ -1,7 +1,5 @@
 #include "windows/estilo.h"
 
-#include "store/form_scaling.h"
-
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
@@ -22,8 +20,7 @@ void Centrar(QWidget *ventana)
     ventana->adjustSize();
     const QRect zona = pantalla->availableGeometry();
     const QRect marco = ventana->frameGeometry();
-    const Posicion p = Centrar_Formulario(zona.width(), zona.height(), marco.width(), marco.height());
-    ventana->move(zona.left() + int(p.Left), zona.top() + int(p.Top));
+    ventana->move(zona.left() + (zona.width() - marco.width()) / 2, zona.top() + (zona.height() - marco.height()) / 2);
 }
 
 QString HojaDeEstilo()

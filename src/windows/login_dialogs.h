@@ -3,7 +3,7 @@
 #include <functional>
 #include <memory>
 
-#include "store/login.h"
+#include "users/login.h"
 
 class QCheckBox;
 class QComboBox;

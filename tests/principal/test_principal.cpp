@@ -6,7 +6,7 @@
 #include "principal/comandos.h"
 #include "principal/principal.h"
 #include "store/database.h"
-#include "store/login.h"
+#include "users/login.h"
 #include "store/recordset.h"
 #include "store/session.h"
 #include "store/ui.h"

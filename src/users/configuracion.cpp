@@ -1,4 +1,4 @@
-#include "store/configuracion.h"
+#include "users/configuracion.h"
 
 #include "core/numbers.h"
 

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "store/database.h"
-#include "store/login.h"
+#include "users/login.h"
 #include "store/recordset.h"
 #include "store/session.h"
 #include "store/ui.h"

@@ -2,7 +2,7 @@
 
 #include <QStringList>
 
-#include "store/configuracion.h"
+#include "users/configuracion.h"
 
 using namespace tesorel;
 

@@ -1,4 +1,4 @@
-#include "store/login.h"
+#include "users/login.h"
 
 #include "core/numbers.h"
 #include "store/database.h"
