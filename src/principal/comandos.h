@@ -1,6 +1,7 @@
 #pragma once
 #include <QHash>
 #include <QString>
+#include <QStringList>
 #include <QVariant>
 #include <functional>
 
@@ -22,8 +23,11 @@ class Comandos
     void registrarConResultado(const QString &nombre, Manejador manejador);
     bool registrado(const QString &nombre) const;
 
-    // The command that a control runs: its shared name, or the control's own.
+    // The command that a control runs: its shared name, the control's own,
+    // or "" (comando::Ninguno) for an entry that does nothing by design.
     static QString comandoDe(const QString &control);
+    // Every control of the alias table.
+    static QStringList controles();
 
     // Runs the command of a control or a command by name; an invalid
     // QVariant when nothing answers.

@@ -2,6 +2,7 @@
 
 #include "core/numbers.h"
 #include "principal/comandos.h"
+#include "principal/nombres_comandos.h"
 #include "store/app_folder.h"
 #include "store/database.h"
 #include "store/helpers.h"
@@ -54,38 +55,38 @@ void Principal::registrarMercado()
 {
     ListaValores &lista = mercado.lista;
     const std::pair<const char *, void (ListaValores::*)()> listas[] = {
-        {"todos", &ListaValores::todos},
-        {"ibex", &ListaValores::ibex},
-        {"Cartera", &ListaValores::Cartera},
-        {"faboritos", &ListaValores::faboritos},
-        {"LosqueSuben", &ListaValores::LosqueSuben},
-        {"SiguienteCategoria", &ListaValores::SiguienteCategoria},
-        {"AnteriorCategoria", &ListaValores::AnteriorCategoria},
-        {"menu_categorias_Globales", &ListaValores::menu_categorias_Globales_Click},
-        {"menu_categorias_personales", &ListaValores::menu_categorias_personales_Click},
+        {comando::todos, &ListaValores::todos},
+        {comando::ibex, &ListaValores::ibex},
+        {comando::Cartera, &ListaValores::Cartera},
+        {comando::faboritos, &ListaValores::faboritos},
+        {comando::LosqueSuben, &ListaValores::LosqueSuben},
+        {comando::SiguienteCategoria, &ListaValores::SiguienteCategoria},
+        {comando::AnteriorCategoria, &ListaValores::AnteriorCategoria},
+        {comando::menu_categorias_Globales, &ListaValores::menu_categorias_Globales_Click},
+        {comando::menu_categorias_personales, &ListaValores::menu_categorias_personales_Click},
     };
     for (const auto &[nombre, procedimiento] : listas)
         comandos_.registrar(nombre, [&lista, procedimiento] { (lista.*procedimiento)(); });
 
     Favoritos &favoritos = mercado.favoritos;
-    comandos_.registrar("menu_add_faboritos", [&favoritos] { favoritos.menu_add_faboritos(); });
-    comandos_.registrar("menu_quitar_faboritos", [&favoritos] { favoritos.menu_quitar_faboritos(); });
-    comandos_.registrar("Boton_Favorito", [&favoritos] { favoritos.Boton_Favorito_Click(); });
-    comandos_.registrar("PonerQuitarF", [&favoritos] { favoritos.PonerQuitarF(); });
+    comandos_.registrar(comando::menu_add_faboritos, [&favoritos] { favoritos.menu_add_faboritos(); });
+    comandos_.registrar(comando::menu_quitar_faboritos, [&favoritos] { favoritos.menu_quitar_faboritos(); });
+    comandos_.registrar(comando::Boton_Favorito, [&favoritos] { favoritos.Boton_Favorito_Click(); });
+    comandos_.registrar(comando::PonerQuitarF, [&favoritos] { favoritos.PonerQuitarF(); });
 
     NavegadorValores &m = mercado;
-    comandos_.registrar("laWEB", [&m] { m.laWEB_Click(); });
-    comandos_.registrar("BolsaMadrid", [&m] { m.BolsaMadrid_Click(); });
-    comandos_.registrar("Invertia", [&m] { m.Invertia_Click(); });
-    comandos_.registrar("titular", [&m] { m.titular_Click(); });
-    comandos_.registrar("Sugiere", [&m] { m.Sugiere_Click(); });
-    comandos_.registrar("CargarComentario", [&m] { m.CargarComentario(); });
-    comandos_.registrar("GrabarComentario", [&m] { m.GrabarComentario(); });
+    comandos_.registrar(comando::laWEB, [&m] { m.laWEB_Click(); });
+    comandos_.registrar(comando::BolsaMadrid, [&m] { m.BolsaMadrid_Click(); });
+    comandos_.registrar(comando::Invertia, [&m] { m.Invertia_Click(); });
+    comandos_.registrar(comando::titular, [&m] { m.titular_Click(); });
+    comandos_.registrar(comando::Sugiere, [&m] { m.Sugiere_Click(); });
+    comandos_.registrar(comando::CargarComentario, [&m] { m.CargarComentario(); });
+    comandos_.registrar(comando::GrabarComentario, [&m] { m.GrabarComentario(); });
 
     Ganchos &g = mercado.seleccion.ganchos;
     // The hub's commands take no argument: the series is always made in mode 1 from here.
-    g.Generar_Serie_Cartera = [this](double) { comandos_.ejecutar("Generar_Serie_Cartera"); };
-    g.QuitarVerOperaciones = [this] { comandos_.ejecutar("QuitarVerOperaciones"); };
+    g.Generar_Serie_Cartera = [this](double) { comandos_.ejecutar(comando::Generar_Serie_Cartera); };
+    g.QuitarVerOperaciones = [this] { comandos_.ejecutar(comando::QuitarVerOperaciones); };
     g.DibujarGrafica = [this] { dibujar(); };
     g.Pesta = [this] { Pesta_Change(); };
 }
@@ -108,7 +109,7 @@ template <class Step> void Principal::pasoDeCarga(Step &&step)
     } catch (const RuntimeError &e) {
         if (e.number() == err::DatabaseFileNotFound) {
             Timer1_Enabled = false;
-            comandos_.ejecutar("NoHay");
+            comandos_.ejecutar(comando::NoHay);
         } else {
             s_.Registrar_Error(e);
         }
@@ -122,7 +123,7 @@ void Principal::Form_Load()
     // Steps 1, 2 and 4 (position, scaling, centring) are the form's layout.
     pasoDeCarga([&] {
         Pestanas_Click(7);
-        comandos_.ejecutar("DefinirGraficas");
+        comandos_.ejecutar(comando::DefinirGraficas);
     });
     pasoDeCarga([&] { Crear_Carpetas_Trabajo(s_.carpeta); });
     pasoDeCarga([&] { s_.abrirBase(rutaBase_); });
@@ -135,7 +136,7 @@ void Principal::Form_Load()
     pasoDeCarga([&] {
         fechas = base(s_).openRecordset("Select * from Fechas Order by Fecha");
         if (fechas->Bof()) {
-            comandos_.ejecutar("Importinet");
+            comandos_.ejecutar(comando::Importinet);
             fechas.reset();
             fechas = base(s_).openRecordset("Select * from Fechas Order by Fecha");
         }
@@ -173,7 +174,7 @@ void Principal::Form_Activate()
     });
     s_.Usuario_Numero = 0;
 
-    comandos_.ejecutar("form4");
+    comandos_.ejecutar(comando::form4);
     Cargar_configuracion();
     if (s_.Usuario_Numero == 0)
         terminar();
@@ -247,7 +248,7 @@ void Principal::NoHay_Aceptar()
 void Principal::Titulo_DblClick()
 {
     // A second login: the settings of the first stay on the window.
-    comandos_.ejecutar("form4");
+    comandos_.ejecutar(comando::form4);
 }
 
 void Principal::List1_Click(int indice)
@@ -287,7 +288,7 @@ void Principal::dibujar()
     if (config.Cargando)
         return;
     mercado.favoritos.PonerQuitarF();
-    s_.paso([&] { comandos_.ejecutar("DibujarGrafica"); });
+    s_.paso([&] { comandos_.ejecutar(comando::DibujarGrafica); });
 }
 
 void Principal::Check2_Click(int)
@@ -343,8 +344,8 @@ void Principal::setPesta(const QString &texto)
 // "Pesta"; until then the tabs that need no chart are served here.
 void Principal::Pesta_Change()
 {
-    if (comandos_.registrado("Pesta")) {
-        s_.paso([&] { comandos_.ejecutar("Pesta"); });
+    if (comandos_.registrado(comando::Pesta)) {
+        s_.paso([&] { comandos_.ejecutar(comando::Pesta); });
         return;
     }
     const int n = static_cast<int>(Numero_Val(Pesta));
@@ -352,13 +353,13 @@ void Principal::Pesta_Change()
         return;
     s_.paso([&] {
         if (n == 0)
-            comandos_.ejecutar("Yahoo");
+            comandos_.ejecutar(comando::Yahoo);
         else if (n == 1)
-            comandos_.ejecutar("CargarComentario");
+            comandos_.ejecutar(comando::CargarComentario);
         else if (n >= 2 && n <= 5)
             DibuGrafi3(Pestanas_Caption.at(n));
         else if (n == 6)
-            comandos_.ejecutar("VerOperaciones");
+            comandos_.ejecutar(comando::VerOperaciones);
     });
 }
 

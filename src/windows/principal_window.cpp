@@ -29,6 +29,7 @@
 
 #include "market/popup_menus.h"
 #include "principal/comandos.h"
+#include "principal/nombres_comandos.h"
 #include "store/session.h"
 #include "windows/estilo.h"
 #include "windows/guarded.h"
@@ -104,20 +105,20 @@ PrincipalWindow::~PrincipalWindow() = default;
 
 void PrincipalWindow::registrarVentanas()
 {
-    comandos_.registrar("form4", [this] {
+    comandos_.registrar(comando::form4, [this] {
         ventanas_ << "form4";
         Form4Dialog login(
             s_, [this](const QString &texto) { modelo_.Configuracion = texto; }, this);
         login.exec();
         pintar();
     });
-    comandos_.registrar("NoHay", [this] {
+    comandos_.registrar(comando::NoHay, [this] {
         ventanas_ << "NoHay";
         NoHayDialog aviso(
             modelo_.carpetaNoHay(), [this] { modelo_.NoHay_Aceptar(); }, this);
         aviso.exec();
     });
-    comandos_.registrar("DatosUsuario", [this] {
+    comandos_.registrar(comando::DatosUsuario, [this] {
         ventanas_ << "DatosUsuario";
         DatosUsuarioDialog datos(s_, ProveedorCorreo{}, this);
         datos.exec();
@@ -255,7 +256,8 @@ QFrame *PrincipalWindow::construirCabecera()
     cifra("Etiqueta_Minimo");
     cifra("Etiqueta_Porcentaje_total");
     // The average price and volume labels are never written: they stay hidden.
-    for (const QString &nombre : {QStringLiteral("Etiqueta_Media"), QStringLiteral("Etiqueta_Volumen_Medio")}) {
+    for (const QString &nombre :
+         {QStringLiteral("Etiqueta_Media"), QStringLiteral("Etiqueta_Volumen_Medio")}) {
         auto *l = etiqueta(nombre, QString(), cabecera);
         l->setVisible(false);
         fila->addWidget(l);
@@ -270,10 +272,10 @@ QFrame *PrincipalWindow::construirCabecera()
     LabelOnline_ = etiqueta("LabelOnline", QString(), cabecera);
     fila->addWidget(LabelOnline_);
     auto *minimizar = new QPushButton(QStringLiteral("–"), cabecera);
-    minimizar->setObjectName("minimizar");
+    minimizar->setObjectName(control::minimizar);
     minimizar->setFocusPolicy(Qt::NoFocus);
     auto *cerrar = new QPushButton(QStringLiteral("✕"), cabecera);
-    cerrar->setObjectName("cerrar");
+    cerrar->setObjectName(control::cerrar);
     cerrar->setFocusPolicy(Qt::NoFocus);
     fila->addWidget(minimizar);
     fila->addWidget(cerrar);
@@ -297,14 +299,14 @@ QFrame *PrincipalWindow::construirBotonera()
     fila->setContentsMargins(10, 5, 10, 5);
     fila->setSpacing(6);
     const std::pair<const char *, QString> botones[] = {
-        {"boton_Comprar", QStringLiteral("Comprar")},
-        {"boton_Vender", QStringLiteral("Vender")},
-        {"bCartera", QStringLiteral("Cartera")},
-        {"boton_cotizaciones", QStringLiteral("Cotizaciones")},
-        {"boton_Importar", QStringLiteral("Importar")},
-        {"Boton_Favorito", QStringLiteral("Añadir a Seguimiento")},
-        {"CorregirCotizaciones", QStringLiteral("Corregir Cotizaciones")},
-        {"acerca_de", QStringLiteral("Acerca de")},
+        {control::boton_Comprar, QStringLiteral("Comprar")},
+        {control::boton_Vender, QStringLiteral("Vender")},
+        {control::bCartera, QStringLiteral("Cartera")},
+        {control::boton_cotizaciones, QStringLiteral("Cotizaciones")},
+        {control::boton_Importar, QStringLiteral("Importar")},
+        {control::Boton_Favorito, QStringLiteral("Añadir a Seguimiento")},
+        {control::CorregirCotizaciones, QStringLiteral("Corregir Cotizaciones")},
+        {control::acerca_de, QStringLiteral("Acerca de")},
     };
     for (const auto &[nombre, texto] : botones)
         fila->addWidget(botonDeOrden(nombre, texto, botonera));
@@ -321,9 +323,11 @@ QWidget *PrincipalWindow::construirEnlaces(QWidget *padre)
     fila->setContentsMargins(0, 0, 8, 0);
     fila->setSpacing(2);
     const std::pair<const char *, QString> enlaces[] = {
-        {"laWEB", QStringLiteral("(Visitar Web)")},       {"BolsaMadrid", QStringLiteral("La Bolsa")},
-        {"Invertia", QStringLiteral("Invertía")},         {"titular", QStringLiteral("Tesorel en la web")},
-        {"Sugiere", QStringLiteral("Enviar Sugerencia")},
+        {control::laWEB, QStringLiteral("(Visitar Web)")},
+        {control::BolsaMadrid, QStringLiteral("La Bolsa")},
+        {control::Invertia, QStringLiteral("Invertía")},
+        {control::titular, QStringLiteral("Tesorel en la web")},
+        {control::Sugiere, QStringLiteral("Enviar Sugerencia")},
     };
     for (const auto &[nombre, texto] : enlaces) {
         auto *b = botonDeOrden(nombre, texto, caja);
@@ -342,12 +346,12 @@ QWidget *PrincipalWindow::construirPanelLista()
     auto *capa = new QVBoxLayout(panel);
     capa->setContentsMargins(10, 10, 10, 8);
     auto *cabeza = new QHBoxLayout;
-    cabeza->addWidget(botonDeOrden("boton_anterior", QStringLiteral("◀"), panel));
+    cabeza->addWidget(botonDeOrden(control::boton_anterior, QStringLiteral("◀"), panel));
     Titul_ = etiqueta("Titul", QString(), panel);
     Titul_->setAlignment(Qt::AlignCenter);
     Titul_->installEventFilter(this);
     cabeza->addWidget(Titul_, 1);
-    cabeza->addWidget(botonDeOrden("boton_siguiente", QStringLiteral("▶"), panel));
+    cabeza->addWidget(botonDeOrden(control::boton_siguiente, QStringLiteral("▶"), panel));
     capa->addLayout(cabeza);
     buscar_ = new QLineEdit(panel);
     buscar_->setObjectName("buscar");
@@ -404,10 +408,11 @@ QWidget *PrincipalWindow::construirGraficas()
     auto *capaNoticias = new QVBoxLayout(noticias);
     capaNoticias->setContentsMargins(0, 0, 0, 0);
     auto *filaNoticias = new QHBoxLayout;
-    auto *Yahoo = botonDeOrden("Yahoo", QStringLiteral("Yahoo! Noticias"), noticias);
+    auto *Yahoo = botonDeOrden(control::Yahoo, QStringLiteral("Yahoo! Noticias"), noticias);
     auto *Yahoono = new QCheckBox(QStringLiteral("Noticias"), noticias);
-    Yahoono->setObjectName("Yahoono");
-    connect(Yahoono, &QCheckBox::clicked, this, [this] { alPulsar([this] { modelo_.ejecutar("Yahoo"); }); });
+    Yahoono->setObjectName(control::Yahoono);
+    connect(Yahoono, &QCheckBox::clicked, this,
+            [this] { alPulsar([this] { modelo_.ejecutar(control::Yahoono); }); });
     auto *Noticias = etiqueta("Noticias", QStringLiteral("Noticias"), noticias);
     auto *Incidecaption = etiqueta("Incidecaption", QStringLiteral("Sin conexión a internet"), noticias);
     filaNoticias->addWidget(Yahoo);
@@ -458,8 +463,8 @@ QWidget *PrincipalWindow::construirGraficas()
     filaPestanas->setSpacing(4);
     filaPestanas->addWidget(Pestanas_);
     filaPestanas->addStretch(1);
-    filaPestanas->addWidget(botonDeOrden("Lupa_menos", QStringLiteral("−"), lado));
-    filaPestanas->addWidget(botonDeOrden("Lupa_Mas", QStringLiteral("+"), lado));
+    filaPestanas->addWidget(botonDeOrden(control::Lupa_menos, QStringLiteral("−"), lado));
+    filaPestanas->addWidget(botonDeOrden(control::Lupa_Mas, QStringLiteral("+"), lado));
     capa->addLayout(filaPestanas);
     capa->addWidget(construirPanelConfiguracion());
     return lado;
