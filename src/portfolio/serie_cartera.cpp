@@ -1,0 +1,270 @@
+#include "portfolio/serie_cartera.h"
+
+#include <QHash>
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <vector>
+
+#include "store/database.h"
+#include "store/query.h"
+#include "store/session.h"
+#include "store/ui.h"
+#include "store/valor.h"
+
+namespace tesorel
+{
+
+namespace
+{
+
+// Days travel as whole day numbers: the engine turns the ISO text into one
+// far quicker than a date object per quote row would.
+const QString kDiaFecha = QStringLiteral("cast(julianday(FECHA) + 0.5 as integer)");
+
+struct Cotizacion {
+    qint64 dia, fila;
+    double ultimo, maximo, minimo, volumen;
+};
+
+// A value's quotes from the first date of the run, walked once in step with the dates.
+struct Cotizaciones {
+    std::vector<Cotizacion> filas;
+    size_t cursor = 0;
+
+    const Cotizacion *del(qint64 dia)
+    {
+        while (cursor < filas.size() && filas[cursor].dia < dia)
+            ++cursor;
+        return cursor < filas.size() && filas[cursor].dia == dia ? &filas[cursor] : nullptr;
+    }
+};
+
+struct Apunte {
+    qint64 dia;
+    double valor, cantidad, total;
+    size_t fecha; // the date of the run on which this line is replayed
+};
+
+struct Hueco {
+    double codigo = 0, cantidad = 0;
+    int cotizaciones = -1;
+};
+
+struct FilaSerie {
+    QDate fecha;
+    double anterior, ultimo, volumen, maximo, minimo, efect;
+};
+
+class RelojDeArena
+{
+  public:
+    explicit RelojDeArena(const std::function<void(bool)> &f) : f_(f)
+    {
+        if (f_)
+            f_(true);
+    }
+    ~RelojDeArena()
+    {
+        if (f_)
+            f_(false);
+    }
+
+  private:
+    const std::function<void(bool)> &f_;
+};
+
+QDate deDia(qint64 dia)
+{
+    return QDate::fromJulianDay(dia);
+}
+
+// The stored dates from `desde` on, hopping along the FECHA index from one
+// day to the next.
+std::vector<qint64> fechasDesde(Database &db, const QDate &desde)
+{
+    Query q(db, QStringLiteral("with recursive dias(d) as (select ? union all "
+                               "select (select min(b.FECHA) from bolsa b where b.FECHA > dias.d) from dias "
+                               "where dias.d is not null) "
+                               "select cast(julianday(d) + 0.5 as integer) from dias where d is not null"));
+    q.bind(1, desde);
+    std::vector<qint64> dias;
+    while (q.next())
+        dias.push_back(q.whole(0));
+    return dias;
+}
+
+} // namespace
+
+void Generar_Serie_Cartera(Session &s, Int16 modo, const AvisosSerie &avisos)
+{
+    Database &db = *s.Base_Datos;
+    const double codigo = valor::codigoCartera(s.Usuario_Numero);
+    auto &fechas = s.Fechas_Serie;
+    RelojDeArena reloj(avisos.relojDeArena);
+
+    if (modo == 1) {
+        // Nothing new can have come since this session saw the series reach the last day.
+        if (fechas[0].isValid() && fechas[0] == fechas[1])
+            return;
+        fechas[0] = QDate(1900, 1, 1);
+        s.paso([&] {
+            Query q(db, QStringLiteral("select max(fecha) as Maximo from bolsa where (valor = ?)"));
+            q.bind(1, codigo);
+            if (q.next() && !q.isNull(0))
+                fechas[0] = q.date(0);
+        });
+    }
+
+    // The last stored day, and the day the run starts on: the first date when
+    // it is stored, else the first stored day.
+    QDate primera;
+    s.paso([&] {
+        Query q(db, QStringLiteral("select min(FECHA), max(FECHA) from bolsa"));
+        if (q.next() && !q.isNull(1)) {
+            primera = q.date(0);
+            fechas[1] = q.date(1);
+        }
+    });
+    if (!primera.isValid()) {
+        if (modo == 0)
+            s.paso([&] {
+                Query(db, QStringLiteral("delete * from bolsa where (valor = ?)")).bind(1, codigo).exec();
+            });
+        s.ui.MsgBox(QStringLiteral("error generando cartera"), mb::Exclamation, QStringLiteral("Atención"));
+        return;
+    }
+    s.paso([&] {
+        if (!fechas[0].isValid())
+            return;
+        Query q(db, QStringLiteral("select FECHA from bolsa where FECHA = ? limit 1"));
+        if (q.bind(1, fechas[0]).next())
+            primera = fechas[0];
+    });
+    std::vector<qint64> dias;
+    s.paso([&] { dias = fechasDesde(db, primera); });
+    if (dias.empty())
+        return;
+
+    // The ledger lines up to the last date, each on the date of the run whose
+    // interval holds it; the first date takes all the past. In the ledger's own order.
+    std::vector<Apunte> apuntes;
+    s.paso([&] {
+        Query q(db,
+                "select cast(julianday(Fecha_operacion) + 0.5 as integer), VALOR, Cantidad, Total_operacion "
+                "from historico where usuario = ? and fecha_operacion <= ? order by rowid");
+        q.bind(1, s.Usuario_Numero).bind(2, deDia(dias.back()));
+        while (q.next()) {
+            const qint64 dia = q.whole(0);
+            const size_t k = size_t(std::lower_bound(dias.begin(), dias.end(), dia) - dias.begin());
+            apuntes.push_back({dia, q.number(1), q.number(2), q.number(3), k});
+        }
+    });
+    std::stable_sort(apuntes.begin(), apuntes.end(),
+                     [](const Apunte &a, const Apunte &b) { return a.fecha < b.fecha; });
+
+    // The quotes of every value the ledger names, read once from the first date on.
+    QHash<qint64, int> indice;
+    std::vector<Cotizaciones> series;
+    s.paso([&] {
+        Query q(db, "select " + kDiaFecha +
+                        ", ULTIMO, MAXIMO, MINIMO, VOLUMEN, rowid from bolsa "
+                        "where VALOR = ? and FECHA >= ? order by FECHA");
+        for (const Apunte &a : apuntes) {
+            const qint64 clave = qint64(a.valor);
+            if (double(clave) != a.valor || indice.contains(clave))
+                continue;
+            indice.insert(clave, int(series.size()));
+            Cotizaciones &c = series.emplace_back();
+            q.reset();
+            q.bind(1, clave).bind(2, deDia(dias.front()));
+            while (q.next()) {
+                const Cotizacion fila{q.whole(0),  q.whole(5),  q.number(1),
+                                      q.number(2), q.number(3), q.number(4)};
+                // Two rows of a value on one day: the day's first row counts.
+                if (!c.filas.empty() && c.filas.back().dia == fila.dia) {
+                    if (fila.fila < c.filas.back().fila)
+                        c.filas.back() = fila;
+                } else
+                    c.filas.push_back(fila);
+            }
+        }
+    });
+
+    std::array<Hueco, MaximoValoresSerie> huecos{};
+    int enUso = 0;
+    double acumulado = 0; // the close of the day before plus the day's money
+    std::vector<FilaSerie> filas;
+    filas.reserve(dias.size());
+    size_t siguiente = 0;
+    for (size_t k = 0; k < dias.size(); ++k) {
+        s.ui.DoEvents();
+        if (avisos.progreso)
+            avisos.progreso(int(k + 1), int(dias.size()));
+        for (; siguiente < apuntes.size() && apuntes[siguiente].fecha == k; ++siguiente) {
+            const Apunte &a = apuntes[siguiente];
+            acumulado += a.total;
+            int igual = -1, libre = -1;
+            for (int h = enUso - 1; h >= 0; --h) {
+                if (huecos[size_t(h)].codigo == a.valor)
+                    igual = h;
+                else if (huecos[size_t(h)].codigo == 0)
+                    libre = h;
+            }
+            int h = igual >= 0 ? igual : libre;
+            if (h < 0) {
+                if (enUso == MaximoValoresSerie) {
+                    s.Registrar_Error(RuntimeError(err::SubscriptOutOfRange,
+                                                   QStringLiteral("Subíndice fuera del intervalo")));
+                    continue;
+                }
+                h = enUso++;
+            }
+            Hueco &hueco = huecos[size_t(h)];
+            hueco.codigo = a.valor;
+            hueco.cantidad += a.cantidad;
+            hueco.cotizaciones = indice.value(qint64(a.valor), -1);
+            if (hueco.cantidad == 0)
+                hueco.codigo = 0;
+        }
+
+        double v = 0, maximo = 0, minimo = 0, volumen = 0;
+        int cotizados = 0;
+        for (int h = 0; h < enUso; ++h) {
+            const Hueco &hueco = huecos[size_t(h)];
+            if (hueco.cantidad <= 0 || hueco.cotizaciones < 0)
+                continue;
+            // A holding without a quote that day is left out of the day's value.
+            const Cotizacion *c = series[size_t(hueco.cotizaciones)].del(dias[k]);
+            if (!c)
+                continue;
+            ++cotizados;
+            v += hueco.cantidad * c->ultimo;
+            maximo += hueco.cantidad * c->maximo;
+            minimo += hueco.cantidad * c->minimo;
+            volumen += c->volumen;
+        }
+        if (v == 0)
+            continue;
+        const double vol = std::floor(volumen / cotizados);
+        filas.push_back({deDia(dias[k]), (acumulado == 0 ? v : acumulado) / 1000, v / 1000, vol,
+                         maximo / 1000, minimo / 1000, vol * v / 1000000});
+        acumulado = v;
+    }
+
+    s.paso([&] {
+        Transaction t(db);
+        if (modo == 0)
+            Query(db, QStringLiteral("delete * from bolsa where (valor = ?)")).bind(1, codigo).exec();
+        Query ins(
+            db, QStringLiteral("insert into bolsa (VALOR, FECHA, ANTERIOR, ULTIMO, VOLUMEN, MAXIMO, MINIMO, "
+                               "EFECT) values (?, ?, ?, ?, ?, ?, ?, ?)"));
+        for (const FilaSerie &f : filas) {
+            ins.bind(1, codigo).bind(2, f.fecha).bind(3, f.anterior).bind(4, f.ultimo).bind(5, f.volumen);
+            ins.bind(6, f.maximo).bind(7, f.minimo).bind(8, f.efect).exec();
+        }
+        t.commit();
+    });
+}
+
+} // namespace tesorel
