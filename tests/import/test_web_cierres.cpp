@@ -1,0 +1,73 @@
+// The closes file as text: line ends, fields, and where the reading stops.
+#include <gtest/gtest.h>
+
+#include <QTemporaryDir>
+
+#include "import/cierres_csv.h"
+#include "import/fuentes_cierres.h"
+
+using namespace tesorel;
+
+TEST(WebCierres, ReadsTheLinesOfTheDayAndStopsAtTheFirstThatIsNot)
+{
+    const QDate dia(2024, 3, 5);
+    struct Caso {
+        const char *nombre;
+        QByteArray bytes;
+        QStringList tickers;
+        bool completa;
+    } casos[] = {
+        {"CR LF, last line without its end",
+         "SAN,20240305,1,2,1,1.5,9\r\n TEF ,20240305,1,2,1,1.5,9",
+         {"SAN", "TEF"},
+         true},
+        {"CR alone ends a line",
+         "SAN,20240305,1,2,1,1.5,9\rTEF,20240305,1,2,1,1.5,9\r",
+         {"SAN", "TEF"},
+         true},
+        {"a lone LF does not", "SAN,20240305,1,2,1,1.5,9\nTEF,20240305,1,2,1,1.5,9\n", {}, false},
+        {"five commas stop it",
+         "SAN,20240305,1,2,1,1.5,9\r\nTEF,20240305,1,2,1,1.5\r\nBBVA,20240305,1,2,1,1.5,9\r\n",
+         {"SAN"},
+         false},
+        {"another day stops it", "SAN,20240304,1,2,1,1.5,9\r\n", {}, false},
+        {"a page", "<html>\r\n<body>404</body>\r\n", {}, false},
+        {"an empty line at the end", "SAN,20240305,1,2,1,1.5,9\r\n\r\n", {"SAN"}, false},
+        {"nothing at all", "", {}, true},
+    };
+    for (const Caso &c : casos) {
+        SCOPED_TRACE(c.nombre);
+        const LecturaCierres r = leerCierres(c.bytes, dia);
+        QStringList tickers;
+        for (const auto &f : r.filas)
+            tickers << f.ticker;
+        EXPECT_EQ(tickers, c.tickers);
+        EXPECT_EQ(r.completa, c.completa);
+    }
+    const LecturaCierres r = leerCierres("X,20240305,9,4.25abc,4,4.2,1e3\r\n", dia);
+    ASSERT_EQ(r.filas.size(), 1u);
+    EXPECT_EQ(r.filas[0].maximo, 4.25); // the point rule stops at the first other character
+    EXPECT_EQ(r.filas[0].volumen, 1000);
+    EXPECT_DOUBLE_EQ(r.filas[0].efect(), 4.2);
+}
+
+TEST(WebCierres, FieldsWindows1252AndTheSourcesAddresses)
+{
+    EXPECT_EQ(Enlacolumna("a,b,c", "2"), "b");
+    EXPECT_EQ(Enlacolumna("a,b,c", "9"), "c");
+    EXPECT_EQ(Primer("abc"), "abc");
+    EXPECT_EQ(Primer("DATE,x"), "DATE");
+    EXPECT_EQ(textoWindows1252("\x80\xD1"), QString::fromUtf8("€Ñ"));
+
+    QTemporaryDir carpeta;
+    QFile ini(carpeta.path() + "/fuentes.ini");
+    ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
+    ini.write("[cierres]\nfuente1=http://127.0.0.1:81/\nfuente3=\nlimite_ms=1500\n");
+    ini.close();
+    const FuentesCierres f = FuentesCierres::leer(carpeta.path());
+    const QDate d(2024, 3, 5);
+    EXPECT_EQ(f.limiteMs, 1500);
+    EXPECT_EQ(f.direccion(1, d), "http://127.0.0.1:81/cierres/240305.txt");
+    EXPECT_TRUE(f.direccion(2, d).endsWith("/webn/servicios/..%5C..%5Cficherostxt%5Cmc%5CBM20240305.txt"));
+    EXPECT_EQ(f.direccion(3, d), "");
+}
