@@ -10,6 +10,7 @@
 #include <QThread>
 
 #include "online/download.h"
+#include "online/soporte_online.h"
 
 using namespace tesorel;
 
@@ -17,11 +18,7 @@ namespace {
 
 QCoreApplication &app()
 {
-    static int argc = 1;
-    static char name[] = "test_online";
-    static char *argv[] = {name, nullptr};
-    static QCoreApplication instance(argc, argv);
-    return instance;
+    return aplicacionDePrueba(); // one application for every test file of the suite
 }
 
 // python3's http.server on a free loopback port, serving a folder.

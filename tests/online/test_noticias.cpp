@@ -1,0 +1,170 @@
+// The news tab: the scanner, the repair, and whole runs against pages
+// served from loopback by a server of the test's own.
+#include <gtest/gtest.h>
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QHash>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTemporaryDir>
+
+#include "online/noticias.h"
+#include "online/soporte_online.h"
+#include "store/session.h"
+#include "store/ui.h"
+
+using namespace tesorel;
+
+namespace
+{
+
+TEST(Noticias, ScannerAndRepair)
+{
+    struct Caso {
+        QString texto;
+        QChar desde, hasta;
+        QString devuelto, resto; // resto "=" when left alone
+    };
+    const Caso casos[] = {
+        {R"(a"enlace"b>c)", '"', '"', "enlace", "b>c"},
+        {"href=dir>titular", '=', '>', "dir", "titular"},
+        {"a=b=c>d", '=', '>', "bc", "d"},
+        {R"(sin "cierre)", '"', '"', "", "="},
+        {"x>y", '=', '>', "", "="},
+    };
+    for (const Caso &c : casos) {
+        QString resto = "=";
+        EXPECT_EQ(obtener_desde_hasta(c.texto, c.desde, c.hasta, resto), c.devuelto) << c.texto.toStdString();
+        EXPECT_EQ(resto, c.resto) << c.texto.toStdString();
+    }
+    EXPECT_EQ(Reparar_Fines_De_Linea("a\nb\r\nc"), "a\r\nb\r\nc\r\n");
+    EXPECT_EQ(Reparar_Fines_De_Linea("a\rb\r\r\n"), "a\r\nb\r\n\r\n");
+    EXPECT_EQ(Reparar_Fines_De_Linea("x\x01y"), "x\r\ny\r\n");
+    EXPECT_EQ(Lineas_Del_Archivo("a\r\n\x80\r\n"), QStringList({"a", QStringLiteral("€")}));
+}
+
+// Answers each GET from a table of paths; a path that is not there gets a
+// 404, and a server told to keep quiet never answers.
+class ServidorWeb
+{
+  public:
+    QHash<QByteArray, QByteArray> paginas;
+    QList<QByteArray> pedidas;
+    bool callado = false;
+
+    ServidorWeb()
+    {
+        servidor_.listen(QHostAddress::LocalHost, 0);
+        QObject::connect(&servidor_, &QTcpServer::newConnection, [this] {
+            while (QTcpSocket *s = servidor_.nextPendingConnection())
+                QObject::connect(s, &QTcpSocket::readyRead, s, [this, s] { atender(s); });
+        });
+    }
+    QString sitio() const { return QStringLiteral("http://127.0.0.1:%1").arg(servidor_.serverPort()); }
+
+  private:
+    void atender(QTcpSocket *s)
+    {
+        const QByteArray peticion = s->readAll();
+        const QByteArray ruta = peticion.split(' ').value(1);
+        pedidas << ruta;
+        if (callado)
+            return;
+        const bool hay = paginas.contains(ruta);
+        const QByteArray cuerpo = paginas.value(ruta, "no");
+        s->write(QByteArray(hay ? "HTTP/1.1 200 OK\r\n" : "HTTP/1.1 404 Not Found\r\n") + "Content-Length: " +
+                 QByteArray::number(cuerpo.size()) + "\r\nConnection: close\r\n\r\n" + cuerpo);
+        s->disconnectFromHost();
+    }
+    QTcpServer servidor_;
+};
+
+struct Puesto {
+    QTemporaryDir dir;
+    ScriptedUi ui;
+    Session s{ui, dir.path()};
+    ServidorWeb web;
+    std::unique_ptr<Noticias> noticias;
+    Puesto()
+    {
+        aplicacionDePrueba();
+        AjustesOnline a;
+        a.sitioNoticias = web.sitio();
+        a.limiteNoticiasMs = 1000;
+        noticias = std::make_unique<Noticias>(s, a);
+        noticias->Yahoono = true;
+        s.Abreviatura_Actual = "TEF";
+    }
+};
+
+TEST(Noticias, PagesFromLoopback)
+{
+    struct Caso {
+        const char *nombre;
+        QByteArray pagina; // under /n/T/TEF.mc.html; empty: not served
+        QStringList titulares, enlaces;
+    };
+    const Caso casos[] = {
+        {"bare line feeds",
+         "<html>\n<li><a href=\"http://n/1\">Sube <b>Noticias</b></a>\n"
+         "<li><a href=\"http://n/2\">Baja</a> hoy\n</html>\n",
+         {"Sube Noticia", "Baja hoy"},
+         {"http://n/1", "http://n/2"}},
+        {"no markers", "<html>\r\n<p>nada</p>\r\n</html>\r\n", {}, {}},
+        {"a marker line without its closing quote",
+         "<li><a href=\"http://n/3>Sin cierre\r\nfin",
+         {"\"http://n/3Sin cierre"},
+         {""}},
+        {"the last line is never examined", "x\r\n<li><a href=\"u\">Ultima", {}, {}},
+        {"a one-line page", "<li><a href=\"u\">Sola</a>\r\n", {}, {}},
+        {"a 404: the failure is added under the first line", "", {"Conectando...", "No Disponible"}, {}},
+    };
+    for (const Caso &c : casos) {
+        SCOPED_TRACE(c.nombre);
+        Puesto p;
+        if (!c.pagina.isEmpty())
+            p.web.paginas.insert("/n/T/TEF.mc.html", c.pagina);
+        p.noticias->Yahoo_Click();
+        EXPECT_EQ(p.noticias->YahooNoticias, c.titulares);
+        EXPECT_EQ(p.noticias->Yahoourl, c.enlaces);
+        EXPECT_FALSE(p.noticias->Espera);
+    }
+}
+
+TEST(Noticias, ASilentServerGivesNoDisponibleWithinTheLimit)
+{
+    Puesto p;
+    p.web.callado = true;
+    QElapsedTimer reloj;
+    reloj.start();
+    p.noticias->Yahoo_Click();
+    EXPECT_LT(reloj.elapsed(), 5000);
+    EXPECT_EQ(p.noticias->YahooNoticias, QStringList({"Conectando...", "No Disponible"}));
+    p.noticias->YahooNoticias_DblClick(1); // nothing behind it: an empty link
+    EXPECT_EQ(p.ui.opened, QStringList{""});
+}
+
+TEST(Noticias, TheTickerKeepsItsCaseAndTheUntickedBoxAsksNothing)
+{
+    Puesto p;
+    p.s.Abreviatura_Actual = "sAn";
+    p.web.paginas.insert("/n/s/sAn.mc.html", "<li><a href=\"http://n/9\">Nueve</a>\r\nfin\r\n");
+    QStringList vistas;
+    p.noticias->alCambiar = [&] { vistas << p.noticias->YahooNoticias.join('|'); };
+    p.noticias->Yahoo_Click();
+    EXPECT_EQ(p.web.pedidas, QList<QByteArray>{"/n/s/sAn.mc.html"});
+    EXPECT_EQ(vistas.value(0), "Conectando...");
+    p.noticias->YahooNoticias_DblClick(0);
+    EXPECT_EQ(p.ui.opened, QStringList{"http://n/9"});
+    QFile reparada(p.dir.filePath("yahoonoticias.txt"));
+    ASSERT_TRUE(reparada.open(QIODevice::ReadOnly));
+    EXPECT_EQ(reparada.readAll(), "<li><a href=\"http://n/9\">Nueve</a>\r\nfin\r\n");
+
+    p.noticias->Yahoono = false;
+    p.noticias->Yahoo_Click();
+    EXPECT_TRUE(p.noticias->YahooNoticias.isEmpty());
+    EXPECT_EQ(p.web.pedidas.size(), 1);
+}
+
+} // namespace
