@@ -1,7 +1,9 @@
 #include "windows/ventanas.h"
 
 #include "principal/comandos.h"
+#include "principal/nombres_comandos.h"
 #include "store/session.h"
+#include "windows/cotizaciones_form.h"
 #include "windows/principal_window.h"
 
 namespace tesorel
@@ -9,9 +11,15 @@ namespace tesorel
 
 void registrarVentanaCotizaciones(PrincipalWindow &principal, Session &s, Comandos &comandos)
 {
-    (void)principal;
-    (void)s;
-    (void)comandos;
+    comandos.registrar(comando::Cotizaciones, [&principal, &s, &comandos] {
+        CotizacionesForm ventana(s, principal.modelo().Text1(), &principal);
+        // A row click selects its value as a click on the main window's list does.
+        ventana.modelo().mostrarValor = [&principal](const QString &nombre) {
+            principal.modelo().setText1(nombre);
+        };
+        ventana.modelo().AddEmpresa = [&comandos] { comandos.ejecutar(comando::AddEmpresa); };
+        ventana.exec();
+    });
 }
 
 } // namespace tesorel
