@@ -1,4 +1,6 @@
 #include "windows/principal_window.h"
+#include "windows/chat_panel.h"
+#include "windows/noticias_vista.h"
 #include "windows/chart_view.h"
 #include "windows/principal_charts.h"
 #include "windows/ventanas.h"
@@ -423,6 +425,7 @@ QWidget *PrincipalWindow::construirGraficas()
     capaNoticias->addLayout(filaNoticias);
     auto *YahooNoticias = new QListWidget(noticias);
     YahooNoticias->setObjectName("YahooNoticias");
+    conectarNoticias(s_, comandos_, AjustesOnline::delEntorno(), Yahoono, YahooNoticias);
     capaNoticias->addWidget(YahooNoticias, 1);
     for (QWidget *w : {static_cast<QWidget *>(Yahoo), static_cast<QWidget *>(Yahoono),
                        static_cast<QWidget *>(YahooNoticias), static_cast<QWidget *>(Noticias),
@@ -448,7 +451,9 @@ QWidget *PrincipalWindow::construirGraficas()
     capaIndicador->addWidget(graficas_->vista(3, indicadores));
     pagina(QStringLiteral("pestaña_6"));
     pagina(QStringLiteral("pestaña_7"));
-    pagina("MarcoChat");
+    auto *marcoChat = pagina("MarcoChat");
+    (new QVBoxLayout(marcoChat))->addWidget(
+        new ChatPanel(s_, AjustesOnline::delEntorno(), [this] { return modelo_.Version; }, marcoChat));
     capa->addWidget(paginas_, 25);
 
     Pestanas_ = new QTabBar(lado);
