@@ -76,6 +76,22 @@ QLabel#Repiten { color: #333333; font-weight: bold; }
 )");
 }
 
+QPushButton *crearBoton(const QString &nombre, const QString &texto, QWidget *padre)
+{
+    auto *b = new QPushButton(texto, padre);
+    b->setObjectName(nombre);
+    b->setAutoDefault(false);
+    b->setCursor(Qt::PointingHandCursor);
+    return b;
+}
+
+QLabel *crearEtiqueta(const QString &nombre, const QString &texto, QWidget *padre)
+{
+    auto *l = new QLabel(texto, padre);
+    l->setObjectName(nombre);
+    return l;
+}
+
 QHBoxLayout *filaSinMargen(QWidget *padre)
 {
     auto *fila = new QHBoxLayout(padre);
@@ -114,13 +130,26 @@ CotizacionesForm::CotizacionesForm(Session &s, const QString &valorPrincipal, QW
         bool dibujado = false;
         guarded(s_, [&] { dibujado = modelo_.Timer1_Timer(); });
         if (dibujado)
-            eventos_.mostrar();
+            mostrar();
     });
     Timer1_->start();
-    eventos_.mostrar();
+    mostrar();
 }
 
 CotizacionesForm::~CotizacionesForm() = default;
+
+void CotizacionesForm::evento(const std::function<void()> &cuerpo)
+{
+    if (mostrando_)
+        return;
+    guarded(s_, cuerpo);
+    mostrar();
+}
+
+void CotizacionesForm::alPulsar(QPushButton *boton, const std::function<void()> &cuerpo)
+{
+    connect(boton, &QPushButton::clicked, this, [this, cuerpo] { evento(cuerpo); });
+}
 
 QWidget *CotizacionesForm::construirCabecera()
 {
@@ -161,11 +190,11 @@ void CotizacionesForm::construirMenus(QWidget *barra)
     QAction *seleccionar =
         entrada(ver, "menu_seleccionar_intervalo", QStringLiteral("&Seleccionar intervalo"));
     connect(menu_ultimo_dia_, &QAction::triggered, this,
-            [this] { eventos_([this] { modelo_.menu_ultimo_dia_Click(); }); });
+            [this] { evento([this] { modelo_.menu_ultimo_dia_Click(); }); });
     connect(menu_intervalo_, &QAction::triggered, this,
-            [this] { eventos_([this] { modelo_.menu_intervalo_Click(); }); });
+            [this] { evento([this] { modelo_.menu_intervalo_Click(); }); });
     connect(seleccionar, &QAction::triggered, this,
-            [this] { eventos_([this] { modelo_.menu_seleccionar_intervalo_Click(); }); });
+            [this] { evento([this] { modelo_.menu_seleccionar_intervalo_Click(); }); });
 }
 
 // The tabs, the day buttons, the interval, the sort options and the breadth.
@@ -183,7 +212,7 @@ QWidget *CotizacionesForm::construirMandos()
         pestana_->addTab(modelo_.pestana_Caption[size_t(indice)]);
     connect(pestana_, &QTabBar::tabBarClicked, this, [this](int i) {
         if (i >= 0 && i < int(std::size(kPestanas)))
-            eventos_([&] { modelo_.pestana_Click(kPestanas[i]); });
+            evento([&] { modelo_.pestana_Click(kPestanas[i]); });
     });
     auto *filaPestanas = new QHBoxLayout;
     filaPestanas->setContentsMargins(10, 0, 10, 0);
@@ -200,8 +229,8 @@ QWidget *CotizacionesForm::construirMandos()
     Dia_ = crearEtiqueta("Dia", QString(), mandos);
     Dia_->setAlignment(Qt::AlignCenter);
     auto *Command2 = crearBoton("Command2", QStringLiteral("Día siguiente ▶"), mandos);
-    eventos_.alPulsar(Command1, [this] { modelo_.Command1_Click(); });
-    eventos_.alPulsar(Command2, [this] { modelo_.Command2_Click(); });
+    alPulsar(Command1, [this] { modelo_.Command1_Click(); });
+    alPulsar(Command2, [this] { modelo_.Command2_Click(); });
     fila->addWidget(Command1);
     fila->addWidget(Dia_);
     fila->addWidget(Command2);
@@ -225,7 +254,7 @@ QWidget *CotizacionesForm::construirMandos()
         auto *o = new QRadioButton(texto, mandos);
         o->setObjectName(QString("Option2_%1").arg(i));
         connect(o, &QRadioButton::clicked, this, [this, i] {
-            eventos_([&] {
+            evento([&] {
                 modelo_.Option2 = i;
                 modelo_.Option2_Click(i);
             });
@@ -236,7 +265,7 @@ QWidget *CotizacionesForm::construirMandos()
     Check1_ = new QCheckBox(QStringLiteral("Descendente"), mandos);
     Check1_->setObjectName("Check1");
     connect(Check1_, &QCheckBox::clicked, this, [this](bool marcado) {
-        eventos_([&] {
+        evento([&] {
             modelo_.Check1 = marcado ? 1 : 0;
             modelo_.Check1_Click();
         });
@@ -244,7 +273,7 @@ QWidget *CotizacionesForm::construirMandos()
     fila->addWidget(Check1_);
     fila->addSpacing(16);
     auto *AddVal = crearBoton("AddVal", QStringLiteral("Añadir"), mandos);
-    eventos_.alPulsar(AddVal, [this] { modelo_.AddVal_Click(); });
+    alPulsar(AddVal, [this] { modelo_.AddVal_Click(); });
     fila->addWidget(AddVal);
     capa->addWidget(mandos);
 
@@ -284,7 +313,7 @@ QWidget *CotizacionesForm::construirTabla()
         b->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
         b->setFocusPolicy(Qt::NoFocus);
         if (i > 0)
-            eventos_.alPulsar(b, [this, i] { modelo_.Image0_Click(i); });
+            alPulsar(b, [this, i] { modelo_.Image0_Click(i); });
         Image0_[size_t(i)] = b;
         fila->addWidget(b, kColumnas[i].ancho);
     }
@@ -331,34 +360,37 @@ void CotizacionesForm::colocarContenedor()
                              std::max(ventanaTabla_->height(), int(filas_.size()) * AltoFila));
 }
 
-bool CotizacionesForm::eventFilter(QObject *objeto, QEvent *evento)
+bool CotizacionesForm::eventFilter(QObject *objeto, QEvent *suceso)
 {
-    if (objeto == ventanaTabla_ && evento->type() == QEvent::Resize) {
+    if (objeto == ventanaTabla_ && suceso->type() == QEvent::Resize) {
         ajustarFilasPorPagina();
         colocarContenedor();
-    } else if (objeto == ventanaTabla_ && evento->type() == QEvent::Wheel) {
-        const int pasos = static_cast<QWheelEvent *>(evento)->angleDelta().y() / 40;
+    } else if (objeto == ventanaTabla_ && suceso->type() == QEvent::Wheel) {
+        const int pasos = static_cast<QWheelEvent *>(suceso)->angleDelta().y() / 40;
         VScroll1_->setValue(VScroll1_->value() - pasos);
         return true;
-    } else if (evento->type() == QEvent::MouseButtonPress &&
-               static_cast<QMouseEvent *>(evento)->button() == Qt::LeftButton) {
+    } else if (suceso->type() == QEvent::MouseButtonPress &&
+               static_cast<QMouseEvent *>(suceso)->button() == Qt::LeftButton) {
         if (objeto->objectName() == QLatin1String("Rango")) {
-            eventos_([this] { modelo_.menu_seleccionar_intervalo_Click(); });
+            evento([this] { modelo_.menu_seleccionar_intervalo_Click(); });
             return true;
         }
         const QVariant fila = objeto->property("fila");
         if (fila.isValid()) {
-            eventos_([&] { modelo_.Valor_Click(fila.toInt()); });
+            evento([&] { modelo_.Valor_Click(fila.toInt()); });
             if (!modelo_.Visible)
                 accept();
             return true;
         }
     }
-    return QDialog::eventFilter(objeto, evento);
+    return QDialog::eventFilter(objeto, suceso);
 }
 
 void CotizacionesForm::mostrar()
 {
+    if (mostrando_)
+        return;
+    mostrando_ = true;
     setWindowTitle(modelo_.Caption);
     Titulo_->setText(modelo_.Caption);
     Dia_->setText(modelo_.Fecha);
@@ -382,6 +414,7 @@ void CotizacionesForm::mostrar()
     menu_intervalo_->setChecked(modelo_.menu_intervalo_Checked);
     VScroll1_->setRange(0, modelo_.VScroll1_Max);
     mostrarFilas();
+    mostrando_ = false;
 }
 
 void CotizacionesForm::mostrarFilas()

@@ -2,10 +2,10 @@
 #include <QDialog>
 #include <QString>
 #include <array>
+#include <functional>
 #include <vector>
 
 #include "market/cotizaciones.h"
-#include "windows/formulario.h"
 
 class QAction;
 class QCheckBox;
@@ -37,7 +37,7 @@ class CotizacionesForm : public QDialog
 
   protected:
     void resizeEvent(QResizeEvent *evento) override;
-    bool eventFilter(QObject *objeto, QEvent *evento) override;
+    bool eventFilter(QObject *objeto, QEvent *suceso) override;
 
   private:
     struct Fila {
@@ -48,6 +48,9 @@ class CotizacionesForm : public QDialog
     void construirMenus(QWidget *barra);
     QWidget *construirMandos();
     QWidget *construirTabla();
+    // Runs one event of the person under the guard and shows the model after it.
+    void evento(const std::function<void()> &cuerpo);
+    void alPulsar(QPushButton *boton, const std::function<void()> &cuerpo);
     void mostrar();
     void mostrarFilas();
     void colocarContenedor();
@@ -66,7 +69,7 @@ class CotizacionesForm : public QDialog
     QScrollBar *VScroll1_ = nullptr;
     QTimer *Timer1_ = nullptr;
     std::vector<Fila> filas_;
-    EventosDeFormulario eventos_{s_, {}, [this] { mostrar(); }};
+    bool mostrando_ = false; // the model is being put on the widgets
 };
 
 } // namespace tesorel
