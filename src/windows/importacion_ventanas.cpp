@@ -3,6 +3,7 @@
 #include "principal/comandos.h"
 #include "store/session.h"
 #include "windows/empresas_dialogs.h"
+#include "windows/importar_dialog.h"
 #include "windows/principal_window.h"
 
 namespace tesorel
@@ -20,6 +21,10 @@ void registrarVentanasImportacion(PrincipalWindow &principal, Session &s, Comand
         entrada.aceptada = ventana.modelo().codigoAnadido != 0;
         entrada.codigo = ventana.modelo().codigoAnadido;
         return entrada.aceptada ? QVariant(entrada.codigo) : QVariant();
+    });
+    comandos.registrar("Importar", [&principal, &s, &comandos] {
+        ImportarDialog ventana(s, comandos, &principal);
+        ventana.exec();
     });
     comandos.registrar("DepuraCotiza", [&principal, &s] {
         DepuraCotizaDialog ventana(s, &principal);
