@@ -239,13 +239,19 @@ double Importar::codigoDe(const QString &nombre, double primeraClase)
 
 void Importar::Importa_txt(const QString &ruta)
 {
-    if (!s_.Tabla_Empresas)
-        Abrir_Empresas(s_);
     QFile archivo(ruta);
     if (!archivo.open(QIODevice::ReadOnly))
         throw RuntimeError(err::FileNotFound, QStringLiteral("No se encontró el archivo"));
-    FileInet lector(archivo.readAll());
+    const QByteArray bytes = archivo.readAll();
     archivo.close(); // read whole: the file is closed when its import ends
+    importarTexto(bytes);
+}
+
+void Importar::importarTexto(const QByteArray &bytes)
+{
+    if (!s_.Tabla_Empresas)
+        Abrir_Empresas(s_);
+    FileInet lector(bytes);
     if (lector.Eof())
         throw RuntimeError(62, QStringLiteral("La entrada pasó del final del archivo"));
     const std::optional<QDate> dia = diaDeCabecera(lector.Line_Input());

@@ -1,4 +1,5 @@
 #pragma once
+#include <QByteArray>
 #include <QDate>
 #include <QString>
 #include <functional>
@@ -72,6 +73,8 @@ class Importar
                    const QString &tipo); // the folder by value: Text1 changes during the pass
     // One text day file.
     void Importa_txt(const QString &ruta);
+    // The same over the bytes of a day file already read.
+    void importarTexto(const QByteArray &bytes);
 
   private:
     void pasoDbase(const QString &carpeta);
