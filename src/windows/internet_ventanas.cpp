@@ -1,7 +1,10 @@
 #include "windows/ventanas.h"
 
+#include "import/empresas.h"
 #include "principal/comandos.h"
+#include "principal/nombres_comandos.h"
 #include "store/session.h"
+#include "windows/importinet_dialog.h"
 #include "windows/principal_window.h"
 
 namespace tesorel
@@ -9,9 +12,18 @@ namespace tesorel
 
 void registrarVentanasInternet(PrincipalWindow &principal, Session &s, Comandos &comandos)
 {
-    (void)principal;
-    (void)s;
-    (void)comandos;
+    comandos.registrar(comando::Importinet, [&principal, &s, &comandos] {
+        Importinet::Acciones acciones;
+        acciones.AddEmpresa = [&s, &comandos](const QString &ticker) {
+            AltaDeEmpresa entrada;
+            entrada.ABREVIATURA3 = ticker;
+            entradaAddEmpresa(s) = entrada;
+            comandos.ejecutar(comando::AddEmpresa);
+        };
+        acciones.Importar = [&comandos] { comandos.ejecutar("Importar"); };
+        ImportinetDialog ventana(s, FuentesCierres::leer(s.carpeta), std::move(acciones), &principal);
+        ventana.exec();
+    });
 }
 
 } // namespace tesorel
