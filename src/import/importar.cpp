@@ -1,6 +1,7 @@
 #include "import/importar.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 
@@ -37,6 +38,33 @@ template <class Paso> bool enSilencio(Paso &&paso) noexcept
 const QString InsertarFila =
     QStringLiteral("insert into bolsa (VALOR, ANTERIOR, ULTIMO, DIF, VOLUMEN, MAXIMO, "
                    "MINIMO, EFECT, FECHA) values (?, ?, ?, ?, ?, ?, ?, ?, ?)");
+
+// Finished files committed together, at most every `ms` milliseconds; with
+// 0 each file's own group is committed at its end. The files' groups nest
+// inside, so a file is never half in the base unless it stopped on a failure.
+class Lote
+{
+  public:
+    Lote(Database &db, int ms) : db_(db), ms_(ms) {}
+    void antesDeArchivo()
+    {
+        if (ms_ > 0 && !abierto_) {
+            abierto_.emplace(db_, Transaction::OnLeave::KeepWritten);
+            reloj_.start();
+        }
+    }
+    void trasArchivo()
+    {
+        if (abierto_ && reloj_.elapsed() >= ms_)
+            abierto_.reset(); // kept: committed
+    }
+
+  private:
+    Database &db_;
+    int ms_;
+    std::optional<Transaction> abierto_;
+    QElapsedTimer reloj_;
+};
 
 QString unir(const QString &carpeta, const QString &nombre)
 {
@@ -130,8 +158,11 @@ void Importar::Importar_(QString carpeta, const QString &tipo)
     } else if (tipo == QLatin1String("TXT")) {
         QStringList archivos;
         enSilencio([&] { archivos = listarCarpeta(carpeta, QStringLiteral("*.TXT")); });
+        Lote lote(*s_.Base_Datos, agruparMs);
         for (int k = 0; k < archivos.size(); ++k) {
+            lote.antesDeArchivo();
             enSilencio([&] { Importa_txt(unir(carpeta, archivos[k])); });
+            lote.trasArchivo();
             if (acciones_.progreso)
                 acciones_.progreso(k + 1, int(archivos.size()));
         }
@@ -156,7 +187,9 @@ void Importar::pasoDbase(const QString &carpeta)
     std::unique_ptr<TablaDbf> tabla;
     std::optional<QDate> dia;
     Database &db = *s_.Base_Datos;
+    Lote lote(db, agruparMs);
     for (const QString &archivo : archivos) {
+        lote.antesDeArchivo();
         const double numero = numeroDeTabla(archivo);
         if (numero == 0)
             continue;
@@ -213,6 +246,7 @@ void Importar::pasoDbase(const QString &carpeta)
                 insercion.exec();
             });
         grupo.commit();
+        lote.trasArchivo();
     }
 }
 

@@ -46,6 +46,11 @@ class Importar
     int Sobre = 0; // "Sobreescribir datos"
     bool Descargado = false;
 
+    // How often finished files are committed: 0 at the end of each file; a
+    // positive count of milliseconds groups the files finished within it
+    // (a kill loses at most that much finished work, never part of a file).
+    int agruparMs = 0;
+
     // The server that "Descargar datos 2.002" points at (scheme, host, port).
     QString servidorCierres;
 

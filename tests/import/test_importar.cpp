@@ -155,6 +155,20 @@ TEST_F(ImportarTest, TwelveSubfoldersAndTheDbaseDaysOnly)
     EXPECT_EQ(texto("select ABREVIATURA3 from Codigo_Empresas where Codigo = 2"), "SAN2");
 }
 
+TEST_F(ImportarTest, GroupedFilesAreCommittedWhenThePassEnds)
+{
+    escribirTexto(datos + "/a.txt", {"05/01/2024", "TEF,10,11,0,0,0,0,0"});
+    escribirTexto(datos + "/b.txt", {"08/01/2024", "TEF,10,12,0,0,0,0,0", "SAN,1,2,0,0,0,0,0"});
+    Importar m(s);
+    m.agruparMs = 60000;
+    m.Importar_(datos, "TXT");
+    EXPECT_FALSE(db().inTransaction());
+    auto otra = Database::open(sp.base.path());
+    Query q(*otra, "select count(*) from bolsa");
+    ASSERT_TRUE(q.next());
+    EXPECT_EQ(q.number(0), 3);
+}
+
 TEST_F(ImportarTest, UnknownKindOfPass)
 {
     Importar(s).Importar_(datos, "XLS");
