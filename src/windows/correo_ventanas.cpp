@@ -1,17 +1,31 @@
 #include "windows/ventanas.h"
 
+#include <QApplication>
+
 #include "principal/comandos.h"
 #include "store/session.h"
+#include "windows/import_correo_dialog.h"
 #include "windows/principal_window.h"
 
 namespace tesorel
 {
 
+namespace
+{
+// Modal over whatever window opened it (the quote import, the portfolio).
+QWidget *padre(PrincipalWindow &principal)
+{
+    QWidget *modal = QApplication::activeModalWidget();
+    return modal ? modal : &principal;
+}
+} // namespace
+
 void registrarVentanasCorreo(PrincipalWindow &principal, Session &s, Comandos &comandos)
 {
-    (void)principal;
-    (void)s;
-    (void)comandos;
+    comandos.registrar("ImportCorreo", [&principal, &s] {
+        ImportCorreoDialog ventana(s, padre(principal));
+        ventana.exec();
+    });
 }
 
 } // namespace tesorel
