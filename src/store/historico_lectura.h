@@ -1,0 +1,31 @@
+#pragma once
+#include <QDate>
+#include <QString>
+#include <optional>
+#include <vector>
+
+namespace tesorel
+{
+
+class Database;
+
+// One line of a user's ledger as stored: amounts as the store keeps
+// them (doubles), so that readers decide themselves how narrow to go.
+struct LineaHistorico {
+    double usuario = 0;
+    double cantidad = 0;
+    double valor = 0;
+    double operacionNum = 0;
+    QString operacion; // the sentence written at booking
+    double entidad = 0;
+    double precio = 0;
+    QDate fecha;
+    double total = 0;
+};
+
+// The user's ledger (or one value's part of it) by date of operation,
+// lines of one day in the order they were written: the order in which
+// the lots are replayed and the operation marks are drawn.
+std::vector<LineaHistorico> leerHistorico(Database &db, double usuario, std::optional<double> valor = {});
+
+} // namespace tesorel
