@@ -1,0 +1,80 @@
+// The web import window on screen: it runs once shown, fills its lists,
+// and its button stops a run that waits on a silent server.
+#include "windows/test_principal_support.h"
+
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+
+#include "import/web_servidor.h"
+#include "support/test_base.h"
+#include "windows/importinet_dialog.h"
+
+namespace tesorel::testing
+{
+namespace
+{
+
+struct VentanaWeb : ::testing::Test {
+    SesionDePrueba p;
+    void SetUp() override
+    {
+        app();
+        p.base.db->executeNative(
+            "insert into Codigo_Empresas (Codigo, NOMBRE, ABREVIATURA3) values (1, 'SAN', 'SAN');"
+            "insert into bolsa (VALOR, FECHA, ULTIMO) values (1, '2024-03-04', 4.1);");
+    }
+    template <class T> T *w(QWidget &v, const char *nombre) { return v.findChild<T *>(nombre); }
+};
+
+TEST_F(VentanaWeb, RunsWhenShownAndShowsItsLists)
+{
+    ServidorWeb fuente;
+    fuente.rutas["/cierres/240305.txt"] = {"SAN,20240305,4,4.3,4,4.2,1000\r\n"};
+    p.s.hoyFijo = QDate(2024, 3, 6);
+    FuentesCierres f;
+    f.bases = {fuente.base(), ServidorWeb::puertoCerrado(), ServidorWeb::puertoCerrado()};
+    int importar = 0;
+    Importinet::Acciones a;
+    a.Importar = [&] { ++importar; };
+    ImportinetDialog v(p.s, f, a);
+    v.show();
+    QElapsedTimer t;
+    t.start();
+    while (w<QPushButton>(v, "Command1")->text() != "Aceptar" && t.elapsed() < 10000)
+        QApplication::processEvents(QEventLoop::AllEvents, 20);
+
+    EXPECT_EQ(w<QLabel>(v, "Label1")->text(), Importinet::TextoFin);
+    EXPECT_EQ(w<QProgressBar>(v, "Shape1")->value(), Importinet::Shape1_Width);
+    EXPECT_EQ(w<QListWidget>(v, "Ok")->item(0)->text(), "05/03/2024");
+    EXPECT_EQ(w<QListWidget>(v, "fallo")->item(0)->text(), "04/03/2024");
+    EXPECT_FALSE(w<QWidget>(v, "Ok")->isVisible());
+    w<QPushButton>(v, "Label4")->click();
+    EXPECT_TRUE(w<QWidget>(v, "Ok")->isVisible());
+    w<QPushButton>(v, "Importar")->click();
+    EXPECT_EQ(importar, 1);
+    w<QPushButton>(v, "Command1")->click();
+    EXPECT_FALSE(v.isVisible());
+}
+
+TEST_F(VentanaWeb, CancelarStopsTheRunAfterTheRequestUnderWay)
+{
+    ServidorWeb silencioso;
+    for (const char *ruta : {"/cierres/240304.txt", "/cierres/240305.txt", "/cierres/240306.txt"})
+        silencioso.rutas[ruta] = {{}, ServidorWeb::Modo::Silencio};
+    p.s.hoyFijo = QDate(2024, 3, 7);
+    FuentesCierres f;
+    f.bases = {silencioso.base(), ServidorWeb::puertoCerrado(), ServidorWeb::puertoCerrado()};
+    f.limiteMs = 1000;
+    ImportinetDialog v(p.s, f, {});
+    QTimer::singleShot(300, &v, [&] { w<QPushButton>(v, "Command1")->click(); });
+    QElapsedTimer t;
+    t.start();
+    v.exec();
+    EXPECT_LT(t.elapsed(), 2500); // three days would cost three seconds
+    EXPECT_TRUE(v.modelo().fallo.isEmpty());
+    EXPECT_EQ(silencioso.pedidos.size(), 1);
+}
+
+} // namespace
+} // namespace tesorel::testing
