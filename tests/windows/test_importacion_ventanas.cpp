@@ -1,0 +1,106 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+
+#include "principal/comandos.h"
+#include "store/helpers.h"
+#include "store/query.h"
+#include "support/test_base.h"
+#include "windows/empresas_dialogs.h"
+#include "windows/importar_dialog.h"
+#include "windows/test_principal_support.h"
+
+using namespace tesorel;
+using namespace tesorel::testing;
+
+namespace
+{
+
+struct VentanasImportacion : ::testing::Test {
+    SesionDePrueba sp;
+    Session &s = sp.s;
+    void SetUp() override
+    {
+        app();
+        s.Usuario_Numero = 1;
+        sp.base.db->executeNative(
+            "INSERT INTO Codigo_Empresas VALUES (10, 'ACERINOX', 'ACX', 'ACERINOX', ''),"
+            " (20, 'ACERINOX BIS', 'ACX', 'ACERINOX2', '');"
+            "INSERT INTO Usuario_Actual (USUARIO_ACTUAL, fecha_Actual) VALUES (1, '2000-01-01')");
+        Abrir_Empresas(s);
+    }
+    QString texto(const QString &sql)
+    {
+        Query q(*s.Base_Datos, sql);
+        return q.next() ? q.text(0) : QString("<none>");
+    }
+    static void teclear(QWidget *w, const QString &texto)
+    {
+        for (QChar c : texto) {
+            QKeyEvent tecla(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
+            QApplication::sendEvent(w, &tecla);
+        }
+    }
+};
+
+TEST_F(VentanasImportacion, AddEmpresaTypesCapitalsAndAddsTheRow)
+{
+    AddEmpresaDialog d(s, AltaDeEmpresa{.ABREVIATURA3 = "NUE"});
+    auto *nombre = d.findChild<QLineEdit *>("NOMBRE");
+    teclear(nombre, "nueva sa");
+    EXPECT_EQ(nombre->text(), "NUEVA SA");
+    EXPECT_EQ(d.findChild<QLineEdit *>("ABREVIATURA3")->text(), "NUE");
+    teclear(d.findChild<QLineEdit *>("Invertia"), "ficha?id=rv1");
+    d.findChild<QPushButton *>("Aceptar")->click();
+    EXPECT_EQ(d.result(), QDialog::Accepted);
+    EXPECT_EQ(
+        texto(
+            "select NOMBRE || '|' || ABREVIATURA3 || '|' || Invertia from Codigo_Empresas where Codigo = 21"),
+        "NUEVA SA|NUE|rv1");
+}
+
+TEST_F(VentanasImportacion, DepurarShowsItsLog)
+{
+    DepuraCotizaDialog d(s);
+    d.findChild<QPushButton *>("Depurar")->click();
+    auto *lista = d.findChild<QListWidget *>("List1");
+    ASSERT_EQ(lista->count(), 2);
+    EXPECT_EQ(lista->item(0)->text(), "10 ACERINOX OK OK OK OK");
+    EXPECT_EQ(lista->currentRow(), 1);
+}
+
+TEST_F(VentanasImportacion, ImportarRunsOnEnterAndClosesWithTheNewestDay)
+{
+    const QString datos = sp.base.folder() + "/datos";
+    QDir().mkpath(datos);
+    QFile f(datos + "/d.txt");
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write("03/05/2024\r\nACX,9,9.5,1,100,9.6,9.1,950\r\n");
+    f.close();
+    Comandos comandos;
+    {
+        ImportarDialog d(s, comandos);
+        auto *text1 = d.findChild<QLineEdit *>("Text1");
+        text1->setText("/no/existe");
+        d.findChild<QPushButton *>("Label8")->click();
+        ASSERT_EQ(sp.ui.messages.size(), 2u);
+        EXPECT_EQ(sp.ui.messages[0].prompt, "La recogida de correo no está disponible.");
+        EXPECT_EQ(sp.ui.messages[1].prompt, "Subdirectorio no valido");
+        text1->setText(datos);
+        QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+        QApplication::sendEvent(text1, &enter);
+        EXPECT_EQ(d.result(), QDialog::Accepted);
+    }
+    EXPECT_EQ(texto("select VALOR || ' ' || ULTIMO from bolsa where FECHA = '2024-05-03'"), "10 9.5");
+    EXPECT_EQ(texto("select fecha_Actual from Usuario_Actual"), "2024-05-03");
+    ImportarDialog otra(s, comandos);
+    EXPECT_EQ(otra.findChild<QLineEdit *>("Text1")->text(), datos); // remembered in importa.de
+}
+
+} // namespace
