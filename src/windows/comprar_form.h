@@ -1,0 +1,36 @@
+#pragma once
+#include <QDialog>
+
+#include "portfolio/comprar.h"
+#include "windows/formulario.h"
+
+class QLineEdit;
+
+namespace tesorel
+{
+
+class EnlaceWidget;
+class RejillaComisiones;
+
+// The buy window over its model.
+class ComprarDialog : public QDialog
+{
+    Q_OBJECT
+  public:
+    ComprarDialog(Session &s, EntornoCompraVenta entorno, QWidget *parent = nullptr);
+    ~ComprarDialog() override;
+    Comprar &modelo() { return modelo_; }
+
+  private:
+    void copiar();
+    void mostrar();
+
+    Session &s_;
+    Comprar modelo_;
+    EventosDeFormulario eventos_;
+    EnlaceWidget *Combo1_, *Combo2_;
+    QLineEdit *Precio_, *Cantidad_, *Fecha_, *Precio_total_, *Total_;
+    std::unique_ptr<RejillaComisiones> lineas_;
+};
+
+} // namespace tesorel

@@ -1,0 +1,38 @@
+#pragma once
+// Pieces the buy and the sell window share: the grid of commission lines
+// and the fields of the operation.
+#include <QString>
+#include <QStringList>
+#include <array>
+
+class QGridLayout;
+class QLabel;
+class QLineEdit;
+class QWidget;
+
+namespace tesorel
+{
+
+class EnlaceWidget;
+struct LineasComision;
+
+// The commission lines as labels named Concepto_0..4, porciento_0..4 and
+// so on; element 0 is the heading.
+class RejillaComisiones
+{
+  public:
+    RejillaComisiones(QWidget *padre, QGridLayout *capa, int filaInicial);
+    void pintar(const LineasComision &l);
+
+  private:
+    std::array<std::array<QLabel *, 5>, 5> celdas_{};
+};
+
+// Puts a text on a field only when it differs, so the cursor of the
+// field being typed in stays where it is.
+void ponerTexto(QLineEdit *campo, const QString &texto);
+
+// Fills an incremental combo with a list in alphabetical order, as it expects.
+void llenarEnlace(EnlaceWidget *combo, QStringList lista);
+
+} // namespace tesorel
