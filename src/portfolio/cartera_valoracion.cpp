@@ -287,7 +287,7 @@ void cartera11::menu_volver_Click()
 
 void cartera11::menu_gerarar_valorCArtera_Click()
 {
-    Generar_Serie_Cartera(s_, 0);
+    Generar_Serie_Cartera(s_, 0, avisos);
 }
 
 void cartera11::Valor_DblClick(int fila)

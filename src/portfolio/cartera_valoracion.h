@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/currency.h"
+#include "portfolio/serie_cartera.h"
 
 namespace tesorel
 {
@@ -76,6 +77,7 @@ class cartera11
     Currency valorAnterior;
     double diferencia = 0, tanto = 0;
     std::vector<PosicionValorada> cartera1;
+    AvisosSerie avisos; // the hourglass of a series rebuilt from here
 
     // Events.
     void Form_Load();

@@ -1,0 +1,63 @@
+#include "test_principal_support.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "core/numbers.h"
+
+namespace tesorel::testing
+{
+namespace
+{
+
+using CarteraVentana = VentanaDemo;
+
+std::vector<double> columna(QWidget *w, const QString &nombre)
+{
+    std::vector<double> r;
+    for (int i = 1;; ++i) {
+        auto *l = w->findChild<QLabel *>(QString("%1_%2").arg(nombre).arg(i));
+        if (!l || l->text().trimmed().isEmpty())
+            return r;
+        r.push_back(Numero_Cdbl(l->text().trimmed()));
+    }
+}
+
+TEST_F(CarteraVentana, OpensFromTheMainWindowSortsAndSwitchesCurrency)
+{
+    Guion guion;
+    std::vector<double> euros, pesetas, beneficios;
+    guion.luego("cartera11", [&](QWidget *w) {
+        hijo<QRadioButton>(w, "SSOption3")->click();
+        hijo<QRadioButton>(w, "SSOption6")->click();
+        beneficios = columna(w, "Beneficio");
+        euros = columna(w, "ValorActual");
+        hijo<QRadioButton>(w, "pesetas")->click();
+        pesetas = columna(w, "ValorActual");
+        qobject_cast<QDialog *>(w)->reject();
+    });
+    hijo<QPushButton>(ventana.get(), "bCartera")->click();
+    ASSERT_TRUE(guion.terminado()) << guion.vistas.join(",").toStdString();
+    ASSERT_EQ(beneficios.size(), 5u) << "the demo user's five positions";
+    EXPECT_TRUE(std::is_sorted(beneficios.begin(), beneficios.end())) << "worst first";
+    ASSERT_EQ(pesetas.size(), euros.size());
+    for (size_t i = 0; i < euros.size(); ++i)
+        EXPECT_NEAR(pesetas[i], euros[i] * 166.386, 1.0) << i;
+}
+
+TEST_F(CarteraVentana, DividendsAreNotYetAvailable)
+{
+    Guion guion;
+    guion.luego("cartera11", [&](QWidget *w) {
+        hijo<QPushButton>(w, "Command1_4")->click();
+        qobject_cast<QDialog *>(w)->reject();
+    });
+    hijo<QPushButton>(ventana.get(), "bCartera")->click();
+    ASSERT_TRUE(guion.terminado());
+    ASSERT_FALSE(ui.messages.empty());
+    EXPECT_EQ(ui.messages.back().prompt, "Disponible en breve");
+}
+
+} // namespace
+} // namespace tesorel::testing
