@@ -1,6 +1,7 @@
 #include "windows/ventanas.h"
 
 #include "principal/comandos.h"
+#include "principal/nombres_comandos.h"
 #include "store/session.h"
 #include "windows/empresas_dialogs.h"
 #include "windows/importar_dialog.h"
@@ -13,7 +14,7 @@ void registrarVentanasImportacion(PrincipalWindow &principal, Session &s, Comand
 {
     // Opens with what the caller left in entradaAddEmpresa(s) and leaves the
     // outcome there; answers the new code, or nothing when cancelled.
-    comandos.registrarConResultado("AddEmpresa", [&principal, &s]() -> QVariant {
+    comandos.registrarConResultado(comando::AddEmpresa, [&principal, &s]() -> QVariant {
         AltaDeEmpresa &entrada = entradaAddEmpresa(s);
         AddEmpresaDialog ventana(s, entrada, &principal);
         ventana.exec();
@@ -26,7 +27,7 @@ void registrarVentanasImportacion(PrincipalWindow &principal, Session &s, Comand
         ImportarDialog ventana(s, comandos, &principal);
         ventana.exec();
     });
-    comandos.registrar("DepuraCotiza", [&principal, &s] {
+    comandos.registrar(comando::DepuraCotiza, [&principal, &s] {
         DepuraCotizaDialog ventana(s, &principal);
         ventana.exec();
     });

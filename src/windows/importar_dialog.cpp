@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include "principal/comandos.h"
+#include "principal/nombres_comandos.h"
 #include "store/session.h"
 #include "windows/estilo.h"
 #include "windows/guarded.h"
@@ -61,8 +62,8 @@ ImportarDialog::ImportarDialog(Session &s, const Comandos &comandos, QWidget *pa
         comandos.ejecutar("ImportCorreo");
         return true;
     };
-    acciones.DatosUsuario = [&comandos] { comandos.ejecutar("DatosUsuario"); };
-    acciones.Importinet = [&comandos] { comandos.ejecutar("Importinet"); };
+    acciones.DatosUsuario = [&comandos] { comandos.ejecutar(comando::DatosUsuario); };
+    acciones.Importinet = [&comandos] { comandos.ejecutar(comando::Importinet); };
     acciones.mostrar = [this] { mostrar(); };
     acciones.progreso = [this](int hechos, int total) {
         progreso_->setMaximum(total);
