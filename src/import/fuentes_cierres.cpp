@@ -14,6 +14,7 @@ FuentesCierres FuentesCierres::leer(const QString &carpeta)
         if (ini.contains(clave))
             f.bases[size_t(i)] = ini.value(clave).toString();
     }
+    f.graficos = ini.value(QStringLiteral("cierres/graficos"), f.graficos).toString();
     bool ok = false;
     const int limite = ini.value(QStringLiteral("cierres/limite_ms")).toInt(&ok);
     if (ok && limite > 0)

@@ -16,9 +16,11 @@ struct FuentesCierres {
         QStringLiteral("http://www.megabolsa.com"),   // the Megabolsa site
     };
     int limiteMs = 10000;
+    // The chart endpoint whose price table lists trading days ("graficos=").
+    QString graficos = QStringLiteral("https://ichart.finance.yahoo.com");
 
     // The defaults, with what "fuentes.ini" in the data folder changes:
-    //   [cierres]  fuente1=http://host:port  fuente2=...  fuente3=...  limite_ms=10000
+    //   [cierres]  fuente1=http://host:port  fuente2=...  fuente3=...  limite_ms=10000  graficos=...
     static FuentesCierres leer(const QString &carpeta);
 
     // The address of the day's file at source 1..3; "" for a source without a host.

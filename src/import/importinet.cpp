@@ -232,6 +232,49 @@ void Importinet::Command2_Click()
     Importando();
 }
 
+void Importinet::Comentario1Importando()
+{
+    sape1 = true;
+    const QString txt = s_.carpeta + QStringLiteral("/txt/");
+    QDir().mkpath(txt);
+    QFile::remove(txt + QStringLiteral("dates.txt"));
+    const QString direccion =
+        fuentes_.graficos +
+        QStringLiteral("/table.csv?s=tef.MC&a=00&b=3&c=2000&d=11&e=29&f=2009&g=d&ignore=.csv");
+    if (!Descargar_Url(direccion, txt + QStringLiteral("dates.txt"), fuentes_.limiteMs))
+        return;
+    QFile origen(txt + QStringLiteral("dates.txt")), copia(txt + QStringLiteral("dates1.txt"));
+    if (!origen.open(QIODevice::ReadOnly) || !copia.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        return;
+    // Line feeds become CR LF, through a placeholder.
+    QByteArray bytes = origen.readAll();
+    bytes.replace('\n', '\x01').replace("\x01", "\r\n");
+    copia.write(bytes);
+    copia.close();
+
+    static const std::pair<const char *, const char *> meses[] = {
+        {"Dec", "12"}, {"Nov", "11"}, {"Oct", "10"}, {"Sep", "09"}, {"Ago", "08"}, {"Jul", "07"},
+        {"Jun", "06"}, {"May", "05"}, {"Apr", "04"}, {"Mar", "03"}, {"Feb", "02"}, {"Ene", "01"}};
+    FileInet lector(bytes);
+    bool primera = true;
+    while (!lector.Eof()) {
+        QString campo = Primer(lector.Line_Input());
+        for (const auto &[nombre, numero] : meses)
+            campo.replace(QLatin1String(nombre), QLatin1String(numero));
+        if (primera) {
+            if (campo.toUpper() != QLatin1String("DATE"))
+                return;
+            primera = false;
+            continue;
+        }
+        if (IsDate(campo)) {
+            const QDate dia = CDate(campo);
+            if (!importaNet_.HayFecha(dia))
+                List1.push_back({diaEnLista(dia), dia, 0});
+        }
+    }
+}
+
 void Importinet::Importar_Click()
 {
     if (!enCurso_ && acciones_.Importar)

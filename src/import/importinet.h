@@ -57,7 +57,7 @@ class Importinet
     QString Label1, DIA, site;
     std::vector<Entrada> List1;
     QStringList Ok, fallo;
-    bool Manual_Visible = true;
+    bool Manual_Visible = false; // on view only when there is no day to fetch
     QString FechaIn, FechaFin, Label3;
     QString Command1 = Cancelar;
     bool sape1 = false, sape2 = false, sape3 = false;
@@ -76,6 +76,9 @@ class Importinet
     void Command2_Click();
     void Label4_Click() { Detalles = true; }
     void Importar_Click();
+    // A second way of listing the days, which the run does not use: the
+    // trading days of one share's price table that the base lacks.
+    void Comentario1Importando();
 
     // The day file of a day in the working folder.
     QString rutaDelDia(const QDate &dia) const;

@@ -258,3 +258,35 @@ TEST_F(WebImport, TheManualPanelChecksItsDatesAndTheRunListsItsOwnDays)
 }
 
 } // namespace
+
+namespace
+{
+
+TEST_F(WebImport, ThePriceTableListsTheTradingDaysTheBaseLacks)
+{
+    struct Caso {
+        QByteArray tabla;
+        QStringList dias;
+    } casos[] = {
+        {"Date,Open,Close\n29-Dec-09,1,2\n04-Mar-24,1,2\n02-Ene-09,1,2\n", {"29/12/2009", "02/01/2009"}},
+        {"Fecha,Open,Close\n29-Dec-09,1,2\n", {}},
+        {"", {}},
+    };
+    for (const Caso &c : casos) {
+        ServidorWeb graficos;
+        if (!c.tabla.isEmpty())
+            graficos.rutas["/table.csv?s=tef.MC&a=00&b=3&c=2000&d=11&e=29&f=2009&g=d&ignore=.csv"] = {
+                c.tabla};
+        FuentesCierres f;
+        f.graficos = graficos.base();
+        Importinet lista(p.s, f, {});
+        lista.Comentario1Importando();
+        QStringList dias;
+        for (const auto &e : lista.List1)
+            dias << e.texto;
+        EXPECT_EQ(dias, c.dias) << c.tabla.toStdString();
+        EXPECT_TRUE(lista.sape1);
+    }
+}
+
+} // namespace

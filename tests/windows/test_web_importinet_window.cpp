@@ -49,6 +49,7 @@ TEST_F(VentanaWeb, RunsWhenShownAndShowsItsLists)
     EXPECT_EQ(w<QListWidget>(v, "Ok")->item(0)->text(), "05/03/2024");
     EXPECT_EQ(w<QListWidget>(v, "fallo")->item(0)->text(), "04/03/2024");
     EXPECT_FALSE(w<QWidget>(v, "Ok")->isVisible());
+    EXPECT_FALSE(w<QWidget>(v, "Manual")->isVisible());
     w<QPushButton>(v, "Label4")->click();
     EXPECT_TRUE(w<QWidget>(v, "Ok")->isVisible());
     w<QPushButton>(v, "Importar")->click();
