@@ -37,8 +37,9 @@ QByteArray aWindows1252(const QString &texto)
     return bytes;
 }
 
-InformeHtml::InformeHtml(const QString &ruta) : archivo_(ruta)
+void InformeHtml::abrir(const QString &ruta)
 {
+    archivo_.setFileName(ruta);
     if (!archivo_.open(QIODevice::WriteOnly | QIODevice::Truncate))
         throw RuntimeError(75, QStringLiteral("Error de acceso a la ruta o el archivo"));
 }

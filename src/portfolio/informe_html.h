@@ -12,8 +12,9 @@ namespace tesorel
 class InformeHtml
 {
   public:
-    explicit InformeHtml(const QString &ruta);
+    explicit InformeHtml(const QString &ruta) { abrir(ruta); }
     InformeHtml() = default; // not open: every write fails
+    void abrir(const QString &ruta);
     bool abierto() const { return archivo_.isOpen(); }
     void linea(const QString &texto);
     void cerrar();
