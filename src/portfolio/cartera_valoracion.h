@@ -97,8 +97,10 @@ class cartera11
     void Valor_DblClick(int fila); // from 1
     void Importa_Click();
     void VScroll1_Change(int valor);
-    // The portfolio report, written from the cells; "" when not written.
-    QString html_Click();
+    // The portfolio report cartera.htm in the application folder, opened in the browser.
+    void html_Click();
+    // The report written from the cells of the grid to `ruta`; handed to the browser when asked.
+    void informeHtml(const QString &ruta, bool abrir);
 
   private:
     void abrirYRellenar(const QString &ventana);

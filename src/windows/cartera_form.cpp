@@ -165,6 +165,7 @@ CarteraDialog::CarteraDialog(Session &s, std::function<void(const QString &)> ab
     botones->addWidget(Importa);
     auto *html = boton("html", QStringLiteral("Informe HTML"), this);
     html->setFlat(true);
+    connect(html, &QPushButton::clicked, this, [this] { alPulsar([this] { modelo_->html_Click(); }); });
     botones->addWidget(html);
 
     auto *abajo = new QHBoxLayout;
