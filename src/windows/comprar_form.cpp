@@ -46,9 +46,10 @@ ComprarDialog::ComprarDialog(Session &s, EntornoCompraVenta entorno, QWidget *pa
     capa->addWidget(Fecha_, 2, 1);
     capa->addWidget(new QLabel(QStringLiteral("Total"), this), 2, 2);
     capa->addWidget(Precio_total_, 2, 3);
-    lineas_ = std::make_unique<RejillaComisiones>(this, capa, 3);
-    capa->addWidget(new QLabel(QStringLiteral("Total :"), this), 8, 3);
-    capa->addWidget(Total_, 8, 4);
+    auto *filaTotal = new QHBoxLayout;
+    filaTotal->addStretch();
+    filaTotal->addWidget(new QLabel(QStringLiteral("Total :"), this));
+    filaTotal->addWidget(Total_);
 
     auto *Aceptar = crearBoton("Aceptar", QStringLiteral("Aceptar"), this);
     auto *Label11 = crearBoton("Label11", QStringLiteral("Aceptar"), this);
@@ -66,6 +67,8 @@ ComprarDialog::ComprarDialog(Session &s, EntornoCompraVenta entorno, QWidget *pa
     botones->addWidget(Label8);
     auto *todo = new QVBoxLayout(this);
     todo->addLayout(capa);
+    lineas_ = std::make_unique<RejillaComisiones>(this, todo);
+    todo->addLayout(filaTotal);
     todo->addLayout(botones);
 
     eventos_.alPulsar(Aceptar, [this] { modelo_.Aceptar_Click(); });

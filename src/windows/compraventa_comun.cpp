@@ -1,5 +1,6 @@
 #include "windows/compraventa_comun.h"
 
+#include <QBoxLayout>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -11,8 +12,12 @@
 namespace tesorel
 {
 
-RejillaComisiones::RejillaComisiones(QWidget *padre, QGridLayout *capa, int filaInicial)
+RejillaComisiones::RejillaComisiones(QWidget *padre, QBoxLayout *capa)
 {
+    auto *rejilla = new QGridLayout;
+    rejilla->setColumnMinimumWidth(0, 240);
+    rejilla->setColumnStretch(0, 1);
+    capa->addLayout(rejilla);
     static const char *nombres[] = {"Concepto", "porciento", "Min", "Importe", "totalcomision"};
     for (int i = 0; i <= LineasComision::kLineas; ++i)
         for (int c = 0; c < 5; ++c) {
@@ -22,7 +27,7 @@ RejillaComisiones::RejillaComisiones(QWidget *padre, QGridLayout *capa, int fila
             if (c > 0)
                 l->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
             celdas_[size_t(i)][size_t(c)] = l;
-            capa->addWidget(l, filaInicial + i, c);
+            rejilla->addWidget(l, i, c);
         }
 }
 

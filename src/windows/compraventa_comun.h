@@ -5,6 +5,7 @@
 #include <QStringList>
 #include <array>
 
+class QBoxLayout;
 class QGridLayout;
 class QLabel;
 class QLineEdit;
@@ -21,7 +22,8 @@ struct LineasComision;
 class RejillaComisiones
 {
   public:
-    RejillaComisiones(QWidget *padre, QGridLayout *capa, int filaInicial);
+    // The lines go into a grid of their own, added to `capa`.
+    RejillaComisiones(QWidget *padre, QBoxLayout *capa);
     void pintar(const LineasComision &l);
 
   private:

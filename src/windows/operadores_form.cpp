@@ -26,7 +26,7 @@ OperadoresDialog::OperadoresDialog(Session &s, QWidget *parent)
 
     List1_ = new QListWidget(this);
     List1_->setObjectName("List1");
-    List1_->setMinimumWidth(180);
+    List1_->setMinimumWidth(220);
     List1_->setContextMenuPolicy(Qt::CustomContextMenu);
     Text1_ = crearCampo("Text1", this);
     Text1_->setPlaceholderText(QStringLiteral("Nuevo operador"));
@@ -42,6 +42,7 @@ OperadoresDialog::OperadoresDialog(Session &s, QWidget *parent)
     for (int f = 1; f <= operadoresform::kFilas; ++f) {
         for (int c = 0; c < operadoresform::kColumnas; ++c) {
             auto *e = crearCampo(QStringLiteral("%1_%2").arg(nombres[c]).arg(f), this);
+            e->setMinimumWidth(c == operadoresform::NOMBRE ? 230 : c >= operadoresform::desde ? 135 : 90);
             celdas_[size_t(f)][size_t(c)] = e;
             rejilla->addWidget(e, f, c);
             connect(e, &QLineEdit::textEdited, this,

@@ -51,9 +51,10 @@ VenderDialog::VenderDialog(Session &s, EntornoCompraVenta entorno, QWidget *pare
     capa->addWidget(Fecha_, 2, 1);
     capa->addWidget(new QLabel(QStringLiteral("Total"), this), 2, 2);
     capa->addWidget(Precio_total_, 2, 3);
-    lineas_ = std::make_unique<RejillaComisiones>(this, capa, 3);
-    capa->addWidget(new QLabel(QStringLiteral("Total :"), this), 8, 3);
-    capa->addWidget(Total_, 8, 4);
+    auto *filaTotal = new QHBoxLayout;
+    filaTotal->addStretch();
+    filaTotal->addWidget(new QLabel(QStringLiteral("Total :"), this));
+    filaTotal->addWidget(Total_);
 
     auto *Label3 = crearBoton("Label3", QStringLiteral("Aceptar"), this);
     auto *Label11 = crearBoton("Label11", QStringLiteral("Aceptar"), this);
@@ -99,6 +100,8 @@ VenderDialog::VenderDialog(Session &s, EntornoCompraVenta entorno, QWidget *pare
 
     auto *todo = new QVBoxLayout(this);
     todo->addLayout(capa);
+    lineas_ = std::make_unique<RejillaComisiones>(this, todo);
+    todo->addLayout(filaTotal);
     todo->addLayout(botones);
     todo->addWidget(panel_);
 
