@@ -1,0 +1,93 @@
+#include "sample_base.h"
+#include "store/query.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <gtest/gtest.h>
+
+namespace tesorel::testing
+{
+namespace
+{
+
+int ledger(const QStringList &args, QString *out = nullptr)
+{
+    QProcess p;
+    p.start(QStringLiteral(TESOREL_BINARY_DIR "/app/tesorel-cli"), QStringList{"ledger"} + args);
+    if (!p.waitForFinished(120000))
+        return -1;
+    if (out)
+        *out = QString::fromUtf8(p.readAllStandardOutput());
+    return p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;
+}
+
+struct Copia {
+    QTemporaryDir dir;
+    QString base = dir.filePath("base1.mdb");
+    Copia() { QFile::copy(SampleBase::instance().path(), base); }
+};
+
+TEST(LedgerCommand, RowsFilteredAndSortedAsTheWindowShowsThem)
+{
+    Copia c;
+    const struct {
+        QStringList opciones;
+        QStringList primeras; // the first cells of each row: date, verb, value
+    } casos[] = {
+        {{"--value", "santander", "--order", "valor"},
+         {"12/02/2024 compré SANTANDER", "13/01/2025 compré SANTANDER"}},
+        {{"--before-2006"}, {}},
+        {{"--order", "valor", "--value", "IBERDROLA"},
+         {"16/09/2024 compré IBERDROLA", "15/09/2025 vendí IBERDROLA"}},
+    };
+    for (const auto &caso : casos) {
+        SCOPED_TRACE(caso.opciones.join(' ').toStdString());
+        QString out;
+        ASSERT_EQ(ledger(QStringList{c.base, "--user", "1"} + caso.opciones, &out), 0);
+        QStringList primeras;
+        for (const QString &linea : out.split('\n', Qt::SkipEmptyParts)) {
+            const QStringList celdas = linea.split('\t');
+            ASSERT_EQ(celdas.size(), 7) << linea.toStdString();
+            primeras << celdas[0] + ' ' + celdas[1] + ' ' + celdas[3];
+        }
+        EXPECT_EQ(primeras, caso.primeras);
+    }
+    EXPECT_EQ(ledger({c.base, "--user", "1", "--order", "nombre"}), 2);
+    EXPECT_EQ(ledger({c.base, "--user", "1", "--txe", c.dir.path()}), 2);
+}
+
+TEST(LedgerCommand, ReportAndTaxExportOfTheListedRows)
+{
+    Copia c;
+    const QString html = c.dir.filePath("h.htm");
+    ASSERT_TRUE(QDir(c.dir.path()).mkpath("AEAT/txe2005"));
+    QString out;
+    for (int vez = 0; vez < 2; ++vez)
+        ASSERT_EQ(ledger({c.base, "--user", "1", "--value", "SANTANDER", "--html", html, "--txe",
+                          c.dir.path(), "--titular", "ANA"},
+                         &out),
+                  0);
+    EXPECT_TRUE(out.endsWith("mensaje\tExportación realizada con exito, compruebe los importes\n"));
+    QFile f(html);
+    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+    const QByteArray texto = f.readAll();
+    EXPECT_TRUE(
+        texto.contains("<TD ALIGN = \"RIGHT\" VALIGN=\"TOP\"><P>compr\xe9&nbsp;&nbsp; </P></TD>\r\n"));
+    EXPECT_TRUE(texto.endsWith("</TR>\r\n</BODY></HTML>\r\n"));
+
+    auto txe = Database::open(c.dir.filePath("AEAT/txe2005/Carteras2005.mdb"));
+    EXPECT_EQ(scalar(*txe, "select count(*) from Titulares where NOMBRE = 'ANA [TXE]'").toInt(), 2);
+    EXPECT_EQ(scalar(*txe, "select count(*) from operaciones").toInt(), 4);
+    // "652,30" by the point rule is 652: whole cents of a truncated amount.
+    EXPECT_EQ(scalar(*txe, "select min(importee) from operaciones").toDouble(), 65200);
+
+    // No export folder: the error is reported, the closing message still shows.
+    ASSERT_EQ(ledger({c.base, "--user", "1", "--txe", c.dir.filePath("nada"), "--titular", "X"}, &out), 0);
+    EXPECT_TRUE(out.contains("error\t3044\t"));
+    EXPECT_TRUE(out.endsWith("mensaje\tExportación realizada con exito, compruebe los importes\n"));
+    EXPECT_FALSE(QFile::exists(c.dir.filePath("nada/AEAT/txe2005/Carteras2005.mdb")));
+}
+
+} // namespace
+} // namespace tesorel::testing
