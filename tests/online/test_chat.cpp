@@ -209,21 +209,6 @@ TEST(ChatSinRed, EnteringAndTyping)
     }
 }
 
-TEST(ChatSinRed, UpArrowRecallsOneLineOnlyIntoAnEmptyEntry)
-{
-    Puesto p(puertoLibre(), "ana");
-    p.chat->ultimaLinea = "la de antes";
-    p.chat->Charla = "a medias";
-    p.chat->Charla_Arriba();
-    EXPECT_EQ(p.chat->Charla, "a medias");
-    p.chat->Charla.clear();
-    p.chat->Charla_Arriba();
-    EXPECT_EQ(p.chat->Charla, "la de antes");
-    EXPECT_EQ(p.chat->Charla_SelStart, 11);
-    p.chat->Nickchat_Enter();
-    EXPECT_EQ(p.chat->foco, "EmailChat");
-}
-
 TEST(ChatSinRed, AReadGivesAtMost101Pieces)
 {
     QByteArray lectura;
