@@ -1,7 +1,10 @@
 #include "windows/ventanas.h"
 
+#include <QApplication>
+
 #include "principal/comandos.h"
 #include "store/session.h"
+#include "windows/historico_form.h"
 #include "windows/principal_window.h"
 
 namespace tesorel
@@ -9,9 +12,12 @@ namespace tesorel
 
 void registrarVentanasHistorico(PrincipalWindow &principal, Session &s, Comandos &comandos)
 {
-    (void)principal;
-    (void)s;
-    (void)comandos;
+    // Opened from the portfolio window and from the main window's tabs.
+    comandos.registrar(QStringLiteral("Historico"), [&principal, &s] {
+        QWidget *encima = QApplication::activeModalWidget();
+        HistoricoDialog ventana(s, encima ? encima : &principal);
+        ventana.exec();
+    });
 }
 
 } // namespace tesorel

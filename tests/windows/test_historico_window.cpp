@@ -1,0 +1,63 @@
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTableWidget>
+#include <cstdlib>
+
+#include "store/query.h"
+#include "windows/test_principal_support.h"
+
+using namespace tesorel;
+using namespace tesorel::testing;
+
+namespace
+{
+
+struct HistoricoVentana : VentanaDemo {
+};
+
+QString celda(QTableWidget *t, int fila, int columna)
+{
+    return t->item(fila, columna) ? t->item(fila, columna)->text() : QString();
+}
+
+TEST_F(HistoricoVentana, SortsEditsALineAndDeletesAnother)
+{
+    int filas = 0;
+    QString primeraPorValor, descripcion;
+    Guion guion;
+    guion.luego("Historico", [&](QWidget *w) {
+        auto *rejilla = hijo<QTableWidget>(w, "Rejilla");
+        filas = rejilla->rowCount();
+        hijo<QRadioButton>(w, "Option1_1")->click();
+        primeraPorValor = celda(rejilla, 0, 5);
+        if (const char *png = std::getenv("TESOREL_SCREENSHOT_HISTORICO"))
+            w->grab().save(png);
+        hijo<QPushButton>(w, "Editar_1")->click();
+    });
+    guion.luego("ModifHistorico", [&](QWidget *w) {
+        auto *cantidad = hijo<QLineEdit>(w, "Cantidad");
+        cantidad->setText("250");
+        descripcion = hijo<QLineEdit>(w, "Descripcion")->text();
+        hijo<QPushButton>(w, "Aceptar")->click();
+    });
+    guion.luego("Historico", [&](QWidget *w) {
+        ui.answers = {mb::Yes};
+        hijo<QPushButton>(w, "Borrar_2")->click();
+        EXPECT_EQ(hijo<QTableWidget>(w, "Rejilla")->rowCount(), filas - 1);
+        static_cast<QDialog *>(w)->reject();
+    });
+    // After the editor closes the ledger window is on top again.
+    comandos.ejecutar("Historico");
+    EXPECT_TRUE(guion.terminado()) << guion.vistas.join(",").toStdString();
+    EXPECT_GT(filas, 2);
+    EXPECT_FALSE(primeraPorValor.isEmpty());
+    EXPECT_TRUE(descripcion.contains(": Compra de 250 ")) << descripcion.toStdString();
+    Query q(*s->Base_Datos, "select count(*) from historico where Cantidad = 250");
+    ASSERT_TRUE(q.next());
+    EXPECT_EQ(q.number(0), 1);
+}
+
+} // namespace
