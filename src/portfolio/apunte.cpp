@@ -10,7 +10,6 @@
 #include "store/ui.h"
 
 #include <QVariant>
-#include <optional>
 
 namespace tesorel
 {
@@ -61,18 +60,32 @@ double cociente(double a, double b)
 }
 
 struct Posicion {
+    bool existe = false;
     qint64 fila = 0;
     double cantidad = 0, precio = 0, total = 0;
 };
 
-std::optional<Posicion> posicionDe(Session &s, double valor)
+Posicion posicionDe(Session &s, double valor)
 {
     Query q(*s.Base_Datos, QStringLiteral("select rowid, Cantidad, Precio_Compra, Total_Compra from cartera "
                                           "where (usuario = ?) and (valor = ?)"));
     q.bind(1, s.Usuario_Numero).bind(2, valor);
     if (!q.next())
-        return std::nullopt;
-    return Posicion{q.whole(0), q.number(1), q.number(2), q.number(3)};
+        return {};
+    return Posicion{true, q.whole(0), q.number(1), q.number(2), q.number(3)};
+}
+
+// The user's row of the value; a failed search finds nothing.
+Posicion posicionGuardada(Session &s, const ReglasApunte &r, double valor)
+{
+    if (!r.seguirTrasFallo)
+        return posicionDe(s, valor);
+    try {
+        return posicionDe(s, valor);
+    } catch (const std::exception &e) {
+        s.Registrar_Error(e);
+        return {};
+    }
 }
 
 void lineaDeHistorico(Session &s, const TextosApunte &t, const ReglasApunte &r, double valor, bool venta)
@@ -99,9 +112,8 @@ void lineaDeHistorico(Session &s, const TextosApunte &t, const ReglasApunte &r, 
 void apuntarCompra(Session &s, const TextosApunte &t, const ReglasApunte &r)
 {
     const double valor = Codigo_De(s, t.valor, 2);
-    std::optional<Posicion> fila;
-    paso(s, r, [&] { fila = posicionDe(s, valor); });
-    if (!fila) {
+    const Posicion fila = posicionGuardada(s, r, valor);
+    if (!fila.existe) {
         QVariant cantidad, precio, fecha, total;
         paso(s, r, [&] { cantidad = lectura(r, t.cantidad); });
         paso(s, r, [&] { precio = Numero_Cdbl(t.precio); });
@@ -121,16 +133,16 @@ void apuntarCompra(Session &s, const TextosApunte &t, const ReglasApunte &r)
         paso(s, r, [&] { q = CDbl(t.cantidad); });
         const double qv = lectura(r, t.cantidad);
         QVariant precio, fecha;
-        paso(s, r, [&] { precio = cociente(fila->cantidad * fila->precio + p * q, qv + fila->cantidad); });
+        paso(s, r, [&] { precio = cociente(fila.cantidad * fila.precio + p * q, qv + fila.cantidad); });
         paso(s, r, [&] { fecha = CDate(t.fecha); });
-        const double total = fila->total + lectura(r, t.total);
+        const double total = fila.total + lectura(r, t.total);
         paso(s, r, [&] {
             // A step that failed leaves its field as it was.
             Query u(*s.Base_Datos,
                     QStringLiteral("update cartera set Cantidad = ?, Precio_Compra = coalesce(?, "
                                    "Precio_Compra), Fecha_Compra = coalesce(?, Fecha_Compra), "
                                    "Total_Compra = ? where rowid = ?"));
-            u.bind(1, fila->cantidad + qv).bind(2, precio).bind(3, fecha).bind(4, total).bind(5, fila->fila);
+            u.bind(1, fila.cantidad + qv).bind(2, precio).bind(3, fecha).bind(4, total).bind(5, fila.fila);
             u.exec();
         });
     }
@@ -140,16 +152,15 @@ void apuntarCompra(Session &s, const TextosApunte &t, const ReglasApunte &r)
 ResultadoVenta apuntarVenta(Session &s, const TextosApunte &t, const ReglasApunte &r)
 {
     const double valor = Codigo_De(s, t.valor, 2);
-    std::optional<Posicion> fila;
-    paso(s, r, [&] { fila = posicionDe(s, valor); });
-    if (!fila) {
+    const Posicion fila = posicionGuardada(s, r, valor);
+    if (!fila.existe) {
         s.ui.MsgBox(QStringLiteral("Valor no encontrado, apunte rechazado"), mb::Critical,
                     QStringLiteral("Atención"));
         return ResultadoVenta::ValorNoEncontrado;
     }
     double vendidas = 0;
     paso(s, r, [&] { vendidas = CDbl(t.cantidad); });
-    const double resto = fila->cantidad - vendidas;
+    const double resto = fila.cantidad - vendidas;
     if (resto > 0) {
         // The cost goes pro rata, the purchase's commission with it.
         paso(s, r, [&] {
@@ -157,8 +168,8 @@ ResultadoVenta apuntarVenta(Session &s, const TextosApunte &t, const ReglasApunt
                 *s.Base_Datos,
                 QStringLiteral("update cartera set Usuario = ?, Valor = ?, Total_Compra = ?, Cantidad = ? "
                                "where rowid = ?"));
-            u.bind(1, s.Usuario_Numero).bind(2, valor).bind(3, resto * cociente(fila->total, fila->cantidad));
-            u.bind(4, resto).bind(5, fila->fila).exec();
+            u.bind(1, s.Usuario_Numero).bind(2, valor).bind(3, resto * cociente(fila.total, fila.cantidad));
+            u.bind(4, resto).bind(5, fila.fila).exec();
         });
     } else if (resto == 0) {
         paso(s, r, [&] {
@@ -167,7 +178,7 @@ ResultadoVenta apuntarVenta(Session &s, const TextosApunte &t, const ReglasApunt
             d.bind(1, valor).bind(2, s.Usuario_Numero).exec();
         });
     } else {
-        s.ui.MsgBox("Sólo constan " + CStr(fila->cantidad) + " acciones de " + t.valor + ", apunte rechazado",
+        s.ui.MsgBox("Sólo constan " + CStr(fila.cantidad) + " acciones de " + t.valor + ", apunte rechazado",
                     mb::Critical, QStringLiteral("Atención"));
         return ResultadoVenta::Insuficiente;
     }
