@@ -135,14 +135,14 @@ void Importar::ImportarTicker()
         registros = leerTickers(f.readAll());
     f.close();
     bool cambios = false;
-    for (const auto &[abreviatura11, ticker] : registros)
+    for (const auto &registro : registros)
         s_.paso([&] {
             Query busca(*s_.Base_Datos, "Select codigo from codigo_empresas where Abreviatura11 = ?");
-            busca.bind(1, abreviatura11);
+            busca.bind(1, registro.first);
             if (!busca.next())
                 return;
             Query cambia(*s_.Base_Datos, "update codigo_empresas set ABREVIATURA3 = ? where codigo = ?");
-            cambia.bind(1, ticker).bind(2, busca.number(0)).exec();
+            cambia.bind(1, registro.second).bind(2, busca.number(0)).exec();
             cambios = true;
         });
     QFile::remove(ruta);
