@@ -62,7 +62,9 @@ class NoticiasVista : public QObject
 void conectarNoticias(Session &s, Comandos &comandos, const AjustesOnline &ajustes, QCheckBox *Yahoono,
                       QListWidget *YahooNoticias)
 {
+    // A fixed-pitch font; the window's style sheet names the family, so the list's own does too.
     YahooNoticias->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    YahooNoticias->setStyleSheet(QStringLiteral("font-family: \"DejaVu Sans Mono\";"));
     QPointer<NoticiasVista> vista = new NoticiasVista(s, ajustes, Yahoono, YahooNoticias);
     comandos.registrar("Yahoo", [vista] {
         if (vista)
