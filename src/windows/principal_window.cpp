@@ -132,6 +132,7 @@ void PrincipalWindow::registrarVentanas()
     registrarVentanasInternet(*this, s_, comandos_);
     registrarVentanasCorreo(*this, s_, comandos_);
     registrarVentanaCotizaciones(*this, s_, comandos_);
+    registrarVentanaAcercade(*this, s_, comandos_);
 }
 
 void PrincipalWindow::mostrar()

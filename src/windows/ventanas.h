@@ -24,5 +24,7 @@ void registrarVentanasInternet(PrincipalWindow &principal, Session &s, Comandos 
 void registrarVentanasCorreo(PrincipalWindow &principal, Session &s, Comandos &comandos);
 // The quotes table (cotizaciones_ventana.cpp).
 void registrarVentanaCotizaciones(PrincipalWindow &principal, Session &s, Comandos &comandos);
+// The About window (acercade_ventana.cpp).
+void registrarVentanaAcercade(PrincipalWindow &principal, Session &s, Comandos &comandos);
 
 } // namespace tesorel
