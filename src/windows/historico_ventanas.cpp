@@ -1,9 +1,11 @@
 #include "windows/ventanas.h"
 
 #include <QApplication>
+#include <QTabBar>
 
 #include "principal/comandos.h"
 #include "store/session.h"
+#include "windows/guarded.h"
 #include "windows/historico_form.h"
 #include "windows/principal_window.h"
 
@@ -18,6 +20,11 @@ void registrarVentanasHistorico(PrincipalWindow &principal, Session &s, Comandos
         HistoricoDialog ventana(s, encima ? encima : &principal);
         ventana.exec();
     });
+    // A double click on the main window's tabs opens the ledger.
+    if (auto *pestanas = principal.findChild<QTabBar *>(QStringLiteral("Pestañas")))
+        QObject::connect(pestanas, &QTabBar::tabBarDoubleClicked, pestanas, [&s, &comandos](int) {
+            guarded(s, [&] { comandos.ejecutar(QStringLiteral("Historico")); });
+        });
 }
 
 } // namespace tesorel

@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTabBar>
 #include <QTableWidget>
 #include <cstdlib>
 
@@ -58,6 +59,19 @@ TEST_F(HistoricoVentana, SortsEditsALineAndDeletesAnother)
     Query q(*s->Base_Datos, "select count(*) from historico where Cantidad = 250");
     ASSERT_TRUE(q.next());
     EXPECT_EQ(q.number(0), 1);
+}
+
+} // namespace
+
+namespace
+{
+
+TEST_F(HistoricoVentana, ADoubleClickOnTheTabsOpensTheLedger)
+{
+    Guion guion;
+    guion.luego("Historico", [](QWidget *w) { static_cast<QDialog *>(w)->reject(); });
+    emit hijo<QTabBar>(ventana.get(), "Pestañas")->tabBarDoubleClicked(0);
+    EXPECT_TRUE(guion.terminado()) << guion.vistas.join(",").toStdString();
 }
 
 } // namespace
