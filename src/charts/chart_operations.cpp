@@ -7,6 +7,7 @@
 #include "core/scale.h"
 #include "store/database.h"
 #include "store/helpers.h"
+#include "store/historico_lectura.h"
 #include "store/recordset.h"
 #include "store/session.h"
 #include "store/valor.h"
@@ -30,39 +31,30 @@ void OperacionesGrafica::VerOperaciones(double codigo)
         VerOperacionesCartera();
         return;
     }
-    listar(QStringLiteral("select * from historico  where (usuario = ") + CStr(s_.Usuario_Numero) +
-               QStringLiteral(") and (valor = ") + CStr(codigo) +
-               QStringLiteral(") order by fecha_operacion"),
-           true);
+    listar(codigo, true);
 }
 
 void OperacionesGrafica::VerOperacionesCartera()
 {
-    listar(QStringLiteral("select * from historico  where usuario = ") + CStr(s_.Usuario_Numero) +
-               QStringLiteral(" order by fecha_operacion"),
-           false);
+    listar(std::nullopt, false);
 }
 
-void OperacionesGrafica::listar(const QString &sentencia, bool conMostrar)
+void OperacionesGrafica::listar(std::optional<double> codigo, bool conMostrar)
 {
-    auto rs = s_.Base_Datos->openRecordset(sentencia);
+    // The user's ledger (of one value, or all of it) by date, as the lots replay reads it.
+    const std::vector<LineaHistorico> lineas = leerHistorico(*s_.Base_Datos, s_.Usuario_Numero, codigo);
     Operaciones.clear();
-    long cuenta = 0;
-    if (!rs->Eof()) {
-        rs->MoveLast();
-        cuenta = rs->RecordCount();
-        rs->MoveFirst();
-    }
+    const long cuenta = long(lineas.size());
     CompraVenVisible = cuenta >= 1;
     if (conMostrar)
         MostrarOperacionesVisible = CompraVenVisible;
     if (cuenta == 0)
         return;
     double q = 0, t = 0;
-    for (; !rs->Eof(); rs->MoveNext()) {
-        Operaciones += Texto_Nulo(rs->field(QStringLiteral("Operacion"))) + QStringLiteral("\r\n");
-        q += rs->field(QStringLiteral("Cantidad")).toDouble();
-        t += rs->field(QStringLiteral("Total_operacion")).toDouble();
+    for (const LineaHistorico &l : lineas) {
+        Operaciones += l.operacion + QStringLiteral("\r\n");
+        q += l.cantidad;
+        t += l.total;
     }
     Operaciones += QStringLiteral("\r\n");
     // What was paid is negative on a sale: the negated sum is the profit.
@@ -167,7 +159,8 @@ void OperacionesGrafica::VerOperacionesGraficaCartera()
         palo.y2 = y;
         palo.y1 = palo.y2 + 3 * h;
         e.visible = true;
-        const QString abreviatura = valor::esCartera(valor) ? valor::NombreCartera : Abreviatura11_De(s_, valor);
+        const QString abreviatura =
+            valor::esCartera(valor) ? valor::NombreCartera : Abreviatura11_De(s_, valor);
         e.caption =
             (tipo == 2 ? QStringLiteral(" C") + Str(cantidad) : QStringLiteral(" V") + Str(-cantidad)) +
             QStringLiteral(" ") + abreviatura + QStringLiteral(" ");

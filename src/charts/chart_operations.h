@@ -4,6 +4,7 @@
 #include <QString>
 #include <functional>
 #include <map>
+#include <optional>
 
 namespace tesorel
 {
@@ -48,7 +49,7 @@ class OperacionesGrafica
     static constexpr double kPesetas = 166.386;
 
   private:
-    void listar(const QString &sentencia, bool conMostrar);
+    void listar(std::optional<double> codigo, bool conMostrar);
     EtiquetaGrafica &cargarEtiqueta(int n);
     double altoEtiqueta() const;
     double anchoEtiqueta() const;
