@@ -84,12 +84,12 @@ int quotesCommand(const QStringList &args)
     return kOk;
 }
 
-const CommandRegistration registro{
-    {"quotes",
-     "quotes BASE --user N [--date YYYY-MM-DD] [--interval FROM TO] "
-     "[--set bolsa|ibex|cartera|seguimiento|valor] [--value NAME] [--sort valor|dif|volumen|efect] [--asc]   "
-     "the quotes table of a day or an interval",
-     quotesCommand}};
+const CommandRegistration registro{{"quotes",
+                                    "quotes BASE --user N [--date YYYY-MM-DD] [--interval FROM TO] "
+                                    "[--set bolsa|ibex|cartera|seguimiento|valor] [--value NAME] [--sort "
+                                    "valor|dif|volumen|efect] [--asc] [--today D]   "
+                                    "the quotes table of a day or an interval",
+                                    quotesCommand}};
 
 } // namespace
 } // namespace tesorel::cli
