@@ -167,10 +167,16 @@ void ServidorChat::aceptarNick(Cliente &c, const QByteArray &nick)
     if (c.salida.isEmpty())
         pendientesDeVolcar_.push_back(c.socket);
     c.salida += trama("nik");
+    // The users present, in the order they came, so every list reads the same.
+    std::vector<const Cliente *> presentes;
     for (const auto &otro : std::as_const(clientes_))
         if (!otro->nick.isEmpty())
-            c.salida += trama("ni+", otro->nick);
+            presentes.push_back(otro.get());
+    std::sort(presentes.begin(), presentes.end(), [](auto *a, auto *b) { return a->entrada < b->entrada; });
+    for (const Cliente *otro : presentes)
+        c.salida += trama("ni+", otro->nick);
     c.nick = nick;
+    c.entrada = ++entradas_;
     porNick_.insert(clave(nick), c.socket);
     const QByteArray llega = trama("ni+", nick);
     for (const auto &otro : std::as_const(clientes_)) {

@@ -52,7 +52,8 @@ class ServidorChat
     struct Cliente {
         QTcpSocket *socket = nullptr;
         QString direccion;
-        QByteArray nick; // empty until accepted
+        QByteArray nick;     // empty until accepted
+        quint64 entrada = 0; // order of arrival, for the list a newcomer gets
         LectorTramas lector;
         double fichas = 0;   // the flood bucket
         QElapsedTimer reloj; // for its refill
@@ -74,6 +75,7 @@ class ServidorChat
     std::unique_ptr<QTcpServer> servidor_;
     std::unique_ptr<QTimer> latido_;
     QElapsedTimer reloj_;
+    quint64 entradas_ = 0;
     QHash<QTcpSocket *, std::shared_ptr<Cliente>> clientes_;
     QHash<QByteArray, QTcpSocket *> porNick_; // case-folded nick
     std::vector<QTcpSocket *> pendientesDeVolcar_;

@@ -97,6 +97,7 @@ TEST(ServidorChat, DropsWhoFloodsOrSendsGarbageAndKeepsTheOthers)
     EXPECT_FALSE(a.recibido.contains("soy otro"));
     EXPECT_FALSE(b.recibido.contains("sigo")); // nobody gets their own line back
     EXPECT_TRUE(a.recibido.startsWith("nik\xA0ni+a\xA0ver\xA0"));
+    EXPECT_TRUE(b.recibido.startsWith("nik\xA0ni+a\xA0ni+b\xA0ver\xA0")); // those present, then itself
     EXPECT_FALSE(log.join('\n').contains("sigo")); // chat text is never kept, not even in the log
 }
 
