@@ -94,7 +94,7 @@ TEST_F(CotizacionesTest, DayButtonsBeepAtEitherEndAndWaitForTheTimer)
     EXPECT_EQ(c->NumReg, 0);
 }
 
-TEST_F(CotizacionesTest, MarkAndColourFollowTheChange)
+TEST_F(CotizacionesTest, MarkAndColourFollowTheChangeAndANullKeepsThoseOfTheRow)
 {
     const struct {
         double dif;
@@ -102,20 +102,14 @@ TEST_F(CotizacionesTest, MarkAndColourFollowTheChange)
     } casos[] = {{0.01, 256}, {5, 255 * 256}, {2.55, 255 * 256}, {0, 0}, {-0.01, 1}, {-5, 255}, {-400, 255}};
     for (const auto &k : casos)
         EXPECT_EQ(Cotizaciones::colorDe(k.dif), k.color) << k.dif;
-    dia("15-03-2024");
-    EXPECT_EQ(c->filas[1].SubeBaja, "6");
-    EXPECT_EQ(c->filas[2].SubeBaja, "5");
-    EXPECT_EQ(c->filas[2].SubeBaja_ForeColor, 256);
-}
-
-TEST_F(CotizacionesTest, NullChangeKeepsTheMarkOfTheRowBefore)
-{
-    dia("14-03-2024"); // row 1 is REPSOL, down
+    dia("14-03-2024"); // row 1 is REPSOL, down by 1
     ASSERT_EQ(c->filas[0].SubeBaja, "6");
     dia("15-03-2024"); // row 1 is REPSOL again, with no change to compare
     EXPECT_EQ(c->filas[0].Valor, "REPSOL   (REP) ");
     EXPECT_EQ(c->filas[0].SubeBaja, "6");
     EXPECT_EQ(c->filas[0].SubeBaja_ForeColor, 100);
+    EXPECT_EQ(c->filas[2].SubeBaja, "5");
+    EXPECT_EQ(c->filas[2].SubeBaja_ForeColor, 256);
 }
 
 TEST_F(CotizacionesTest, DayWithoutQuotesHidesEveryRow)
@@ -183,6 +177,12 @@ TEST_F(CotizacionesTest, TabsChooseTheSetOfValues)
         EXPECT_EQ(columna(&FilaCotizacion::Valor), k.valores) << k.pestana;
     }
     EXPECT_EQ(c->Caption, "Cotizaciones Mercado Continuo");
+    // A click on a row shows its value in the main window and hides this one.
+    QString mostrado;
+    c->mostrarValor = [&](const QString &n) { mostrado = n; };
+    c->Valor_Click(2);
+    EXPECT_EQ(mostrado, "TELEFONICA");
+    EXPECT_FALSE(c->Visible);
 }
 
 TEST_F(CotizacionesTest, ValueTabOfAPortfolioSeriesIsEmpty)
@@ -202,16 +202,6 @@ TEST_F(CotizacionesTest, IntervalSumsTheDaysOfEachValue)
     EXPECT_TRUE(c->menu_intervalo_Checked);
     EXPECT_EQ(columna(&FilaCotizacion::Valor).size(), 3);
     EXPECT_EQ(c->filas[2].Volumen, "1.234.657    ");
-}
-
-TEST_F(CotizacionesTest, RowClickShowsTheValueInTheMainWindow)
-{
-    QString mostrado;
-    c->mostrarValor = [&](const QString &n) { mostrado = n; };
-    dia("15-03-2024");
-    c->Valor_Click(2);
-    EXPECT_EQ(mostrado, "TELEFONICA");
-    EXPECT_FALSE(c->Visible);
 }
 
 TEST_F(CotizacionesTest, OverflowAsksForAMoreSelectiveQuery)
