@@ -134,6 +134,8 @@ void Historico::Command1_Click(int indice)
 
 void Historico::Borrar_Click(int fila)
 {
+    if (!s_.Historico_rs)
+        return;
     if (s_.ui.MsgBox(QStringLiteral("¿Borrar registro?"), mb::YesNo, QStringLiteral("Atención!")) != mb::Yes)
         return;
     s_.paso([&] { s_.Historico_rs->setAbsolutePosition(fila - 1); });
@@ -143,6 +145,8 @@ void Historico::Borrar_Click(int fila)
 
 void Historico::BorrarTodo_Click()
 {
+    if (!s_.Historico_rs)
+        return;
     if (s_.ui.MsgBox(QStringLiteral("¿Borrar todos los registro?"), mb::YesNo, QStringLiteral("Atención!")) !=
         mb::Yes)
         return;
@@ -162,6 +166,8 @@ void Historico::BorrarTodo_Click()
 
 void Historico::Editar_Click(int fila)
 {
+    if (!s_.Historico_rs)
+        return;
     s_.paso([&] { s_.Historico_rs->setAbsolutePosition(fila - 1); });
     if (s_.Historico_rs && !s_.Historico_rs->Eof() && !s_.Historico_rs->Bof() && editar_)
         editar_();
