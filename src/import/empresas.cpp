@@ -64,6 +64,8 @@ bool DepuraCotiza::unaPasada()
 {
     auto exterior = s_.Base_Datos->openRecordset("Select * from codigo_empresas order by codigo");
     for (; !exterior->Eof(); exterior->MoveNext()) {
+        if (mostrar)
+            mostrar();
         s_.ui.DoEvents();
         const QString ticker = Texto_Nulo(exterior->field("ABREVIATURA3"));
         const double codigo = exterior->field("codigo").toDouble();

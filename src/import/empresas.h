@@ -1,6 +1,7 @@
 #pragma once
 #include <QString>
 #include <QStringList>
+#include <functional>
 
 namespace tesorel
 {
@@ -62,6 +63,8 @@ class DepuraCotiza
     QStringList List1; // what was merged
     int List1_ListIndex = -1;
     QStringList List2; // stays empty
+    // The window shows the lists; called before each yield of the scan.
+    std::function<void()> mostrar;
 
     // Runs to the end; a failing statement ends it, and what was merged stays.
     void Depurar_Click();

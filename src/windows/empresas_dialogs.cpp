@@ -62,7 +62,7 @@ AddEmpresaDialog::AddEmpresaDialog(Session &s, const AltaDeEmpresa &entrada, QWi
     auto *capa = new QVBoxLayout(this);
     capa->addLayout(formulario);
     capa->addLayout(botones);
-    resize(460, 200);
+    setMinimumWidth(460);
     Centrar(this);
 
     connect(Aceptar, &QPushButton::clicked, this, [this] {
@@ -106,6 +106,7 @@ DepuraCotizaDialog::DepuraCotizaDialog(Session &s, QWidget *parent) : QDialog(pa
     resize(560, 380);
     Centrar(this);
 
+    modelo_.mostrar = [this] { mostrar(); };
     connect(Depurar, &QPushButton::clicked, this, [this] {
         guarded(s_, [this] { modelo_.Depurar_Click(); });
         mostrar();
@@ -114,11 +115,16 @@ DepuraCotizaDialog::DepuraCotizaDialog(Session &s, QWidget *parent) : QDialog(pa
 
 void DepuraCotizaDialog::mostrar()
 {
-    List1_->clear();
-    List1_->addItems(modelo_.List1);
+    // Called once a row of the scan: only the lines added since are drawn.
+    if (List1_->count() > modelo_.List1.size())
+        List1_->clear();
+    for (qsizetype k = List1_->count(); k < modelo_.List1.size(); ++k)
+        List1_->addItem(modelo_.List1[k]);
     List1_->setCurrentRow(modelo_.List1_ListIndex);
-    List2_->clear();
-    List2_->addItems(modelo_.List2);
+    if (List2_->count() != modelo_.List2.size()) {
+        List2_->clear();
+        List2_->addItems(modelo_.List2);
+    }
 }
 
 } // namespace tesorel

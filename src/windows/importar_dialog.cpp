@@ -116,7 +116,7 @@ ImportarDialog::ImportarDialog(Session &s, const Comandos &comandos, QWidget *pa
     botones->addWidget(Aceptar1);
     botones->addWidget(Cancelar);
     capa->addLayout(botones);
-    resize(560, 260);
+    setMinimumWidth(560);
     Centrar(this);
 
     const std::pair<const char *, void (Importar::*)()> eventos[] = {
