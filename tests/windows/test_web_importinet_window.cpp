@@ -7,6 +7,7 @@
 #include <QPushButton>
 
 #include "import/web_servidor.h"
+#include "store/recordset.h"
 #include "support/test_base.h"
 #include "windows/importinet_dialog.h"
 
@@ -75,6 +76,59 @@ TEST_F(VentanaWeb, CancelarStopsTheRunAfterTheRequestUnderWay)
     EXPECT_LT(t.elapsed(), 2500); // three days would cost three seconds
     EXPECT_TRUE(v.modelo().fallo.isEmpty());
     EXPECT_EQ(silencioso.pedidos.size(), 1);
+}
+
+} // namespace
+} // namespace tesorel::testing
+
+namespace tesorel::testing
+{
+namespace
+{
+
+// The main window's Importar button on a base whose last day is past:
+// the window works through the days served on loopback and they reach bolsa.
+struct ImportarDesdeLaPrincipal : VentanaDemo {
+};
+
+TEST_F(ImportarDesdeLaPrincipal, TheNewDaysReachTheBase)
+{
+    ServidorWeb fuente;
+    const QDate ultimo =
+        s->Base_Datos->openRecordset("Select max(FECHA) as f from bolsa")->field("f").toDate();
+    const QDate nuevo = ultimo.addDays(1);
+    fuente.rutas["/cierres/" + nuevo.toString("yyMMdd").toLatin1() + ".txt"] = {
+        "IBEX," + nuevo.toString("yyyyMMdd").toLatin1() + ",1,12000,11900,11950,100\r\n"};
+    QFile ini(dir.filePath("fuentes.ini"));
+    ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
+    ini.write(
+        ("[cierres]\nfuente1=" + fuente.base() + "\nfuente2=" + ServidorWeb::puertoCerrado() + "\nfuente3=\n")
+            .toUtf8());
+    ini.close();
+    s->hoyFijo = ultimo.addDays(2);
+
+    QStringList ok;
+    Guion guion;
+    QTimer mira;
+    // The run goes on under the window's own events: the test looks in now and then.
+    guion.luego("Importinet", [&](QWidget *v) {
+        QObject::connect(&mira, &QTimer::timeout, v, [&, v] {
+            if (hijo<QPushButton>(v, "Command1")->text() != "Aceptar")
+                return;
+            mira.stop();
+            auto *lista = hijo<QListWidget>(v, "Ok");
+            for (int i = 0; i < lista->count(); ++i)
+                ok << lista->item(i)->text();
+            hijo<QPushButton>(v, "Command1")->click();
+        });
+        mira.start(20);
+    });
+    hijo<QAbstractButton>(ventana.get(), "boton_Importar")->click();
+    EXPECT_TRUE(guion.terminado()) << guion.vistas.join(",").toStdString();
+    EXPECT_EQ(ok, QStringList({nuevo.toString("dd/MM/yyyy")}));
+    auto fechas = s->Base_Datos->openRecordset("Select * from Fechas Order by Fecha");
+    fechas->MoveLast();
+    EXPECT_EQ(fechas->field("Fecha").toDate(), nuevo);
 }
 
 } // namespace
