@@ -19,7 +19,7 @@ namespace tesorel
 namespace
 {
 
-void escribirInforme(InformeHtml &f, const std::vector<FilaHistorico> &filas)
+void escribirInforme(Session &s, InformeHtml &f, const std::vector<FilaHistorico> &filas)
 {
     aperturaInforme(f);
     f.linea(QStringLiteral("<P><FONT SIZE=\"2\">Operaciones "));
@@ -34,7 +34,8 @@ void escribirInforme(InformeHtml &f, const std::vector<FilaHistorico> &filas)
     f.linea(QStringLiteral("</TR>"));
     for (const FilaHistorico &fila : filas) {
         f.linea(QStringLiteral("<TR>"));
-        celda(f, Celda::Fecha, Format(CDate(fila.Fecha), QStringLiteral("dd/mm/yy")));
+        // A row without a readable day loses that cell only, and the failure is reported.
+        s.paso([&] { celda(f, Celda::Fecha, Format(CDate(fila.Fecha), QStringLiteral("dd/mm/yy"))); });
         celda(f, Celda::Derecha, fila.Operacion);
         celda(f, Celda::Tanto, fila.Cantidad);
         celda(f, Celda::Texto, fila.Valor);
@@ -74,7 +75,7 @@ void Historico::informeHtml(const QString &ruta, bool abrir)
 {
     InformeHtml f;
     s_.paso([&] { f.abrir(ruta); });
-    s_.paso([&] { escribirInforme(f, filas); });
+    s_.paso([&] { escribirInforme(s_, f, filas); });
     f.cerrar();
     if (abrir)
         s_.paso([&] { s_.ui.OpenUrl(ruta); });

@@ -214,3 +214,18 @@ TEST_F(LedgerFixture, EditorRewritesTheLineAsTyped)
     m.CambiarEtiqueta();
     EXPECT_EQ(m.Descripcion, "02/03/2005: Venta de 50 REPSOL por 1010");
 }
+
+TEST_F(LedgerFixture, ARowWithoutADayLosesOnlyItsDateCellInTheReport)
+{
+    db.execute("update historico set Fecha_operacion = null where Total_operacion = 1010");
+    Historico h(s);
+    h.Form_Load();
+    const QString ruta = s.carpeta + "/h.htm";
+    h.informeHtml(ruta, false);
+    QFile f(ruta);
+    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+    const QByteArray texto = f.readAll();
+    EXPECT_EQ(texto.count("<TR>"), 4);
+    EXPECT_EQ(texto.count("<TD ALIGN = \"CENTER\""), 3);
+    EXPECT_TRUE(texto.endsWith("</BODY></HTML>\r\n"));
+}
