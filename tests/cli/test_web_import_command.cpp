@@ -13,24 +13,33 @@ namespace tesorel::testing
 namespace
 {
 
-// python3's http.server on a port of its choosing, read from its first line.
+// python3's http.server on a port of its choosing, read from its first
+// line. It ends when its standard input closes, so that no server outlives
+// the test even when python3 is a launcher that runs the interpreter as a child.
 struct Servidor {
     QProcess proceso;
     QString puerto;
     explicit Servidor(const QString &carpeta)
     {
         proceso.setWorkingDirectory(carpeta);
-        proceso.start("python3", {"-u", "-m", "http.server", "0", "--bind", "127.0.0.1"});
+        proceso.start("python3", {"-u", "-c",
+                                  "import http.server, sys, threading\n"
+                                  "s = http.server.ThreadingHTTPServer(('127.0.0.1', 0), "
+                                  "http.server.SimpleHTTPRequestHandler)\n"
+                                  "print('port', s.server_address[1])\n"
+                                  "threading.Thread(target=s.serve_forever, daemon=True).start()\n"
+                                  "sys.stdin.read()\n"});
         while (puerto.isEmpty() && proceso.waitForReadyRead(5000)) {
-            const QString linea = QString::fromUtf8(proceso.readLine());
-            const qsizetype at = linea.indexOf(" port ");
-            if (at >= 0)
-                puerto = linea.mid(at + 6).section(' ', 0, 0);
+            const QString linea = QString::fromUtf8(proceso.readLine()).trimmed();
+            if (linea.startsWith("port "))
+                puerto = linea.mid(5);
         }
     }
     ~Servidor()
     {
-        proceso.kill();
+        proceso.closeWriteChannel();
+        if (!proceso.waitForFinished(3000))
+            proceso.kill();
         proceso.waitForFinished(3000);
     }
     QString base() const { return "http://127.0.0.1:" + puerto; }
