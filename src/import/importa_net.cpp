@@ -16,7 +16,9 @@ QDate ImportaNet::UltFecha(const QDate &porDefecto) const
 
 bool ImportaNet::HayFecha(const QDate &dia) const
 {
-    Query q(*s_.Base_Datos, QStringLiteral("Select Fecha from fechas where [fecha] = ?"));
+    // A day of Fechas is a day with a row in bolsa; asked of bolsa's day index, so
+    // that a list builder asking once per trading day does not walk the whole view.
+    Query q(*s_.Base_Datos, QStringLiteral("Select FECHA from bolsa where [fecha] = ?"));
     q.bind(1, dia);
     return q.next();
 }
