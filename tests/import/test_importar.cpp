@@ -169,6 +169,34 @@ TEST_F(ImportarTest, GroupedFilesAreCommittedWhenThePassEnds)
     EXPECT_EQ(q.number(0), 3);
 }
 
+TEST_F(ImportarTest, MailFilesAreMovedIntoTheFolderAndImported)
+{
+    QDir().mkpath(carpeta() + "/mail");
+    escribirTexto(carpeta() + "/mail/cierre.TXT", {"05/01/2024", "TEF,10,11,0,0,0,0,0"});
+    int correos = 0, importinet = 0;
+    Importar::Acciones acciones;
+    acciones.ImportCorreo = [&] { return ++correos > 0; };
+    acciones.Importinet = [&] { ++importinet; };
+    Importar m(s, acciones);
+    m.Text1 = datos;
+    m.Label8_Click();
+    EXPECT_EQ(correos, 1);
+    EXPECT_TRUE(ui.messages.empty());
+    EXPECT_FALSE(QFile::exists(carpeta() + "/mail/cierre.TXT"));
+    EXPECT_TRUE(QFile::exists(datos + "/cierre.TXT"));
+    EXPECT_EQ(filas(Dia1), QStringList("1 11 11 11"));
+    EXPECT_TRUE(m.Descargado);
+
+    Importar otra(s, acciones);
+    otra.servidorCierres = "http://127.0.0.1:8080";
+    otra.Label12_Click();
+    EXPECT_EQ(ui.opened, QStringList("http://127.0.0.1:8080/datos/2002/todo.exe"));
+    EXPECT_FALSE(otra.Descargado);
+    otra.Label13_Click();
+    EXPECT_EQ(importinet, 1);
+    EXPECT_TRUE(otra.Descargado);
+}
+
 TEST_F(ImportarTest, UnknownKindOfPass)
 {
     Importar(s).Importar_(datos, "XLS");
