@@ -219,7 +219,7 @@ ModifHistoricoDialog::ModifHistoricoDialog(Session &s, QWidget *parent)
     for (QComboBox *c : {Operacion_, Valor_, Entidad_})
         connect(c, &QComboBox::currentTextChanged, this, cambio);
 
-    resize(480, 320);
+    setMinimumWidth(460);
     guarded(s, [&] { modelo_.Form_Load(); });
     eventos_.mostrar();
     Centrar(this);

@@ -42,6 +42,8 @@ TEST_F(HistoricoVentana, SortsEditsALineAndDeletesAnother)
         auto *cantidad = hijo<QLineEdit>(w, "Cantidad");
         cantidad->setText("250");
         descripcion = hijo<QLineEdit>(w, "Descripcion")->text();
+        if (const char *png = std::getenv("TESOREL_SCREENSHOT_MODIF_HISTORICO"))
+            w->grab().save(png);
         hijo<QPushButton>(w, "Aceptar")->click();
     });
     guion.luego("Historico", [&](QWidget *w) {
