@@ -8,16 +8,14 @@ namespace tesorel
 
 // Where the day's closes come from: the scheme, host and port of the three
 // sources, tried in this order, and the time limit of each request. The
-// paths after them are fixed by each source.
+// paths after them are fixed by each source. No host is built in: the
+// program asks nobody until fuentes.ini names the sources (1: the closes
+// server of the installation, 2: the market-data site, 3: the Megabolsa site).
 struct FuentesCierres {
-    std::array<QString, 3> bases{
-        QString(),                                    // the closes server of the installation
-        QStringLiteral("https://www.bolsamadrid.es"), // the market-data site
-        QStringLiteral("http://www.megabolsa.com"),   // the Megabolsa site
-    };
+    std::array<QString, 3> bases;
     int limiteMs = 10000;
     // The chart endpoint whose price table lists trading days ("graficos=").
-    QString graficos = QStringLiteral("https://ichart.finance.yahoo.com");
+    QString graficos;
 
     // The defaults, with what "fuentes.ini" in the data folder changes:
     //   [cierres]  fuente1=http://host:port  fuente2=...  fuente3=...  limite_ms=10000  graficos=...

@@ -235,6 +235,8 @@ void Importinet::Command2_Click()
 void Importinet::Comentario1Importando()
 {
     sape1 = true;
+    if (fuentes_.graficos.isEmpty())
+        return;
     const QString txt = s_.carpeta + QStringLiteral("/txt/");
     QDir().mkpath(txt);
     QFile::remove(txt + QStringLiteral("dates.txt"));

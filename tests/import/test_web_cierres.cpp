@@ -62,12 +62,13 @@ TEST(WebCierres, FieldsWindows1252AndTheSourcesAddresses)
     QTemporaryDir carpeta;
     QFile ini(carpeta.path() + "/fuentes.ini");
     ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
-    ini.write("[cierres]\nfuente1=http://127.0.0.1:81/\nfuente3=\nlimite_ms=1500\n");
+    ini.write("[cierres]\nfuente1=http://127.0.0.1:81/\nfuente2=http://127.0.0.1:82\nlimite_ms=1500\n");
     ini.close();
     const FuentesCierres f = FuentesCierres::leer(carpeta.path());
     const QDate d(2024, 3, 5);
     EXPECT_EQ(f.limiteMs, 1500);
     EXPECT_EQ(f.direccion(1, d), "http://127.0.0.1:81/cierres/240305.txt");
-    EXPECT_TRUE(f.direccion(2, d).endsWith("/webn/servicios/..%5C..%5Cficherostxt%5Cmc%5CBM20240305.txt"));
-    EXPECT_EQ(f.direccion(3, d), "");
+    EXPECT_EQ(f.direccion(2, d),
+              "http://127.0.0.1:82/webn/servicios/..%5C..%5Cficherostxt%5Cmc%5CBM20240305.txt");
+    EXPECT_EQ(f.direccion(3, d), ""); // no host built in
 }
