@@ -3,6 +3,7 @@
 #include "sample_base.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -29,7 +30,14 @@ struct Servidor {
                                   "print('port', s.server_address[1])\n"
                                   "threading.Thread(target=s.serve_forever, daemon=True).start()\n"
                                   "sys.stdin.read()\n"});
-        while (puerto.isEmpty() && proceso.waitForReadyRead(5000)) {
+        // The whole line, however it arrives, and time for a slow start on a busy machine.
+        QElapsedTimer reloj;
+        reloj.start();
+        while (puerto.isEmpty() && reloj.elapsed() < 30000 && proceso.state() != QProcess::NotRunning) {
+            if (!proceso.canReadLine()) {
+                proceso.waitForReadyRead(500);
+                continue;
+            }
             const QString linea = QString::fromUtf8(proceso.readLine()).trimmed();
             if (linea.startsWith("port "))
                 puerto = linea.mid(5);
@@ -67,6 +75,7 @@ TEST(WebImportCommand, SitesListsAndStateOfTheRun)
     escribir(tres.filePath("cierres/" + u.addDays(2).toString("yyMMdd") + ".txt"),
              "IBEX," + d2 + ",1,0,11800,11990,50\r\n");
     Servidor s1(uno.path()), s3(tres.path());
+    ASSERT_FALSE(s1.puerto.isEmpty() || s3.puerto.isEmpty());
 
     QProcess p;
     p.start(QStringLiteral(TESOREL_BINARY_DIR "/app/tesorel-cli"),
