@@ -70,12 +70,9 @@ TEST_F(VentanaWeb, CancelarStopsTheRunAfterTheRequestUnderWay)
     f.limiteMs = 1000;
     ImportinetDialog v(p.s, f, {});
     QTimer::singleShot(300, &v, [&] { w<QPushButton>(v, "Command1")->click(); });
-    QElapsedTimer t;
-    t.start();
     v.exec();
-    EXPECT_LT(t.elapsed(), 2500); // three days would cost three seconds
     EXPECT_TRUE(v.modelo().fallo.isEmpty());
-    EXPECT_EQ(silencioso.pedidos.size(), 1);
+    EXPECT_EQ(silencioso.pedidos.size(), 1); // the two days after it were never asked for
 }
 
 } // namespace
