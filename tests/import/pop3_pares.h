@@ -7,14 +7,12 @@
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QTcpServer>
 #include <QTcpSocket>
-#include <QTemporaryDir>
-#include <QThread>
 #include <QTimer>
 #include <functional>
-#include <sys/stat.h>
+
+#include "import/dovecot_pop3.h"
 
 namespace tesorel::testing::correo
 {
@@ -149,120 +147,6 @@ class PeerPop3
     QTcpServer servidor_;
     QTcpSocket *cliente_ = nullptr;
     QByteArray pendiente_;
-};
-
-// Dovecot's POP3 on a loopback port, user "demo" with password "secreto";
-// messages go into its maildir before start. `arrancar` says why it failed.
-class DovecotPop3
-{
-  public:
-    DovecotPop3()
-    {
-        aplicacion();
-        chmod(dir_.path().toLocal8Bit().constData(), 0755);
-        for (const char *sub : {"run", "Maildir/new", "Maildir/cur", "Maildir/tmp"})
-            QDir(dir_.path()).mkpath(QString::fromLatin1(sub));
-    }
-    ~DovecotPop3()
-    {
-        if (proceso_.state() != QProcess::NotRunning) {
-            proceso_.terminate();
-            if (!proceso_.waitForFinished(5000))
-                proceso_.kill();
-            proceso_.waitForFinished(2000);
-        }
-    }
-    void poner(const QByteArray &mensaje)
-    {
-        QFile f(dir_.path() + QStringLiteral("/Maildir/new/%1.M%1P1.prueba").arg(++mensajes_));
-        f.open(QIODevice::WriteOnly);
-        f.write(QByteArray(mensaje).replace("\r\n", "\n"));
-    }
-    QString host() const { return QStringLiteral("127.0.0.1:%1").arg(puerto_); }
-
-    QString arrancar()
-    {
-        const QString d = dir_.path();
-        puerto_ = puertoLibre();
-        QFile pw(d + "/passwd");
-        pw.open(QIODevice::WriteOnly);
-        pw.write("demo:{PLAIN}secreto\n");
-        pw.close();
-        QFile conf(d + "/dovecot.conf");
-        conf.open(QIODevice::WriteOnly);
-        conf.write(QStringLiteral(R"(protocols = pop3
-listen = 127.0.0.1
-base_dir = %1/run
-state_dir = %1/run
-instance_name = tesorel-prueba-%2
-default_internal_user = root
-default_internal_group = root
-default_login_user = nobody
-log_path = %1/log
-ssl = no
-disable_plaintext_auth = no
-auth_mechanisms = plain
-mail_location = maildir:%1/Maildir
-passdb {
-  driver = passwd-file
-  args = scheme=PLAIN username_format=%u %1/passwd
-}
-userdb {
-  driver = static
-  args = uid=65534 gid=65534 home=%1
-}
-service pop3-login {
-  inet_listener pop3 {
-    address = 127.0.0.1
-    port = %2
-  }
-}
-)")
-                       .arg(d)
-                       .arg(puerto_)
-                       .toUtf8());
-        conf.close();
-        abrirATodos(d + "/Maildir");
-        proceso_.setProcessChannelMode(QProcess::MergedChannels);
-        proceso_.start(QStringLiteral("/usr/sbin/dovecot"), {"-F", "-c", d + "/dovecot.conf"});
-        if (!proceso_.waitForStarted(5000))
-            return QStringLiteral("dovecot cannot be started: ") + proceso_.errorString();
-        QDeadlineTimer limite(10000);
-        while (!limite.hasExpired()) {
-            QTcpSocket sonda;
-            sonda.connectToHost(QStringLiteral("127.0.0.1"), puerto_);
-            if (sonda.waitForConnected(300) && sonda.waitForReadyRead(2000) &&
-                sonda.readAll().startsWith("+OK"))
-                return {};
-            if (proceso_.state() == QProcess::NotRunning)
-                break;
-            QThread::msleep(100);
-        }
-        QFile log(d + "/log");
-        log.open(QIODevice::ReadOnly);
-        return QStringLiteral("dovecot did not answer on port %1: %2 %3")
-            .arg(puerto_)
-            .arg(QString::fromLocal8Bit(proceso_.readAll()),
-                 QString::fromLocal8Bit(log.readAll().right(600)));
-    }
-
-  private:
-    // The mail processes run as nobody.
-    static void abrirATodos(const QString &ruta)
-    {
-        chmod(ruta.toLocal8Bit().constData(), 0777);
-        for (const QFileInfo &i : QDir(ruta).entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot)) {
-            if (i.isDir())
-                abrirATodos(i.filePath());
-            else
-                chmod(i.filePath().toLocal8Bit().constData(), 0666);
-        }
-    }
-
-    QTemporaryDir dir_;
-    QProcess proceso_;
-    quint16 puerto_ = 0;
-    int mensajes_ = 0;
 };
 
 // A message of the own mailing with a day file attached as plain text.
