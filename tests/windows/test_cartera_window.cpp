@@ -5,6 +5,8 @@
 #include <QRadioButton>
 
 #include "core/numbers.h"
+#include "store/database.h"
+#include "store/query.h"
 
 namespace tesorel::testing
 {
@@ -57,6 +59,24 @@ TEST_F(CarteraVentana, DividendsAreNotYetAvailable)
     ASSERT_TRUE(guion.terminado());
     ASSERT_FALSE(ui.messages.empty());
     EXPECT_EQ(ui.messages.back().prompt, "Disponible en breve");
+}
+
+TEST_F(CarteraVentana, ShowingThePortfolioValueBringsItsSeriesUpToDate)
+{
+    auto filas = [this] {
+        Query q(*s->Base_Datos, "select count(*) from bolsa where VALOR = 34001");
+        return q.next() ? q.whole(0) : -1;
+    };
+    ASSERT_EQ(filas(), 0);
+    ventana->modelo().setText1("CARTERA");
+    const qint64 hechas = filas();
+    EXPECT_GT(hechas, 100);
+    EXPECT_EQ(s->Fechas_Serie[0], QDate(1900, 1, 1))
+        << "no series before: the run starts on the first stored day";
+    ventana->modelo().setText1("CARTERA demo"); // seen to reach the last day: nothing more
+    ventana->modelo().setText1("CARTERA");
+    ventana->modelo().setText1("CARTERA demo");
+    EXPECT_EQ(filas(), hechas + 1) << "the last day once more, then nothing";
 }
 
 } // namespace
