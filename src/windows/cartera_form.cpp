@@ -27,6 +27,8 @@ const QStringList kColumnas{"FechaCompra",  "Dias",         "Titulos",      "Val
                             "TantoCartera", "PrecioCompra", "Ultimo",       "CosteInversion",
                             "ValorActual",  "Beneficio",    "TantoGanancia"};
 constexpr int kAltoFila = 22;
+// Headings and cells share one width a column, so that they line up.
+constexpr int kAnchos[] = {120, 45, 65, 110, 80, 130, 65, 125, 100, 90, 80};
 
 QPushButton *boton(const QString &nombre, const QString &texto, QWidget *padre)
 {
@@ -80,22 +82,25 @@ CarteraDialog::CarteraDialog(Session &s, std::function<void(const QString &)> ab
         auto *h = new QLabel(cartera11::Encabezados[c].trimmed(), this);
         h->setObjectName(kColumnas[c] + "_0");
         h->setAlignment(Qt::AlignCenter);
-        h->setStyleSheet("background: #16325c; color: white; font-weight: bold; padding: 2px;");
+        h->setFixedWidth(kAnchos[c]);
+        h->setStyleSheet("background: #16325c; color: white; font-weight: bold; padding: 2px 0px;");
         cabecera->addWidget(h, 0, c);
-        cabecera->setColumnStretch(c, 1);
     }
+    cabecera->setHorizontalSpacing(0);
+    cabecera->setContentsMargins(1, 0, 0, 0);
+    cabecera->setColumnStretch(kColumnas.size(), 1);
     Contenedor_ = new QWidget;
     Contenedor_->setObjectName("Contenedor");
     rejilla_ = new QGridLayout(Contenedor_);
     rejilla_->setSpacing(0);
     rejilla_->setContentsMargins(0, 0, 0, 0);
     rejilla_->setAlignment(Qt::AlignTop);
-    for (int c = 0; c < kColumnas.size(); ++c)
-        rejilla_->setColumnStretch(c, 1);
+    rejilla_->setColumnStretch(kColumnas.size(), 1);
     vista_ = new QScrollArea(this);
     vista_->setWidget(Contenedor_);
     vista_->setWidgetResizable(true);
     vista_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    vista_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     vista_->setFixedHeight(cartera11::FilasVisibles * kAltoFila + 2);
     VScroll1_ = new QScrollBar(Qt::Vertical, this);
     VScroll1_->setObjectName("VScroll1");
@@ -108,11 +113,18 @@ CarteraDialog::CarteraDialog(Session &s, std::function<void(const QString &)> ab
     panel->addWidget(VScroll1_);
 
     // Totals and the box "Valor Cartera".
-    auto *totales = new QHBoxLayout;
-    for (const char *n : {"Label1_1300", "Label1_1400", "Label1_800", "Label1_700"}) {
+    auto *totales = new QGridLayout;
+    const std::pair<const char *, const char *> rotulosTotales[] = {{"Label1_1300", "Coste Inversión"},
+                                                                    {"Label1_1400", "Valor Actual"},
+                                                                    {"Label1_800", "Diferencia"},
+                                                                    {"Label1_700", "%"}};
+    for (int k = 0; k < 4; ++k) {
+        const auto &[n, rotulo] = rotulosTotales[k];
         etiquetas_[n] = etiqueta(n, this);
-        totales->addWidget(etiquetas_[n]);
+        totales->addWidget(new QLabel(QString::fromUtf8(rotulo), this), 0, k, Qt::AlignRight);
+        totales->addWidget(etiquetas_[n], 1, k);
     }
+    totales->setRowStretch(2, 1);
     auto *caja = new QGroupBox(QStringLiteral("Valor Cartera"), this);
     auto *cajaForm = new QFormLayout(caja);
     for (const auto &[n, rotulo] :
@@ -178,7 +190,7 @@ CarteraDialog::CarteraDialog(Session &s, std::function<void(const QString &)> ab
     capa->addLayout(panel);
     capa->addLayout(abajo);
     capa->addLayout(botones);
-    resize(1100, 620);
+    resize(1180, 640);
 
     guarded(s_, [this] { modelo_->Form_Load(); });
     pintar();
@@ -204,6 +216,7 @@ QLabel *CarteraDialog::celda(const QString &columna, int fila)
                 etiqueta(QString("%1_%2").arg(kColumnas[k]).arg(n), Contenedor_,
                          k == 3 ? Qt::AlignLeft | Qt::AlignVCenter : Qt::AlignRight | Qt::AlignVCenter);
             l->setFixedHeight(kAltoFila);
+            l->setFixedWidth(kAnchos[k]);
             l->setAutoFillBackground(true);
             l->setStyleSheet(n % 2 ? "background: #ffffff;" : "background: #eef2f7;");
             if (k == 3)
