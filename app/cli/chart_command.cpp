@@ -134,15 +134,8 @@ void pintarCabecera(QPainter &p, const EtiquetasGrafica &e)
         p.drawText(QPoint(x, 50), et.texto);
         x += p.fontMetrics().horizontalAdvance(et.texto) + 18;
     };
-    campo(QString(), e.Ultimo_Cierre);
-    campo(QString(), e.porciento);
-    campo(QStringLiteral("Media:"), e.Porciento_2);
-    campo(QStringLiteral("Máx:"), e.Etiqueta_Maximo);
-    campo(QStringLiteral("Mín:"), e.Etiqueta_Minimo);
-    campo(QStringLiteral("Total:"), e.Etiqueta_Porcentaje_total);
-    campo(QStringLiteral("Desde"), e.Fecha_Inicio);
-    campo(QStringLiteral("hasta"), e.Fecha_Fin);
-    campo(QStringLiteral("t:"), e.Tiempot);
+    for (const EtiquetaDeCabecera &c : EtiquetasDeCabecera)
+        campo(QString::fromUtf8(c.rotulo), e.*c.etiqueta);
 }
 
 } // namespace
@@ -169,8 +162,7 @@ int chartCommand(const QStringList &args)
     g.controles.Text1 = o.nombre;
     g.controles.Candle = o.velas ? 1 : 0;
     if (o.velas)
-        for (int i : {1, 2, 3, 6})
-            g.controles.Check2[i] = 1;
+        marcarSeriesDeVela(g.controles.Check2);
     g.controles.Logaritmica = o.log ? 1 : 0;
     g.controles.Splita = o.splits ? 1 : 0;
     g.controles.Mediat[1] = o.media1;

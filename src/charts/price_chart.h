@@ -26,6 +26,18 @@ struct ControlesGrafica {
     QString Indicador_Actual;
 };
 
+// A candle needs high, low, close and the day's average: ticking it ticks them.
+inline constexpr std::array<int, 4> SeriesDeVela{1, 2, 3, 6};
+inline bool velaCompleta(const std::array<int, 7> &check2)
+{
+    return check2[1] + check2[2] + check2[3] + check2[6] == 4;
+}
+inline void marcarSeriesDeVela(std::array<int, 7> &check2)
+{
+    for (int i : SeriesDeVela)
+        check2[size_t(i)] = 1;
+}
+
 // A label of the head of the window: its caption and text colour.
 struct Etiqueta {
     QString texto;
@@ -40,6 +52,25 @@ struct EtiquetasGrafica {
     Etiqueta Tiempot, Fecha_Inicio, Fecha_Fin, Titulo;
     QString Noticias;          // the news tab's text: the split notes of the value
     bool relojDeArena = false; // the mouse pointer during a drawing
+};
+
+// The labels of the window's head that the drawing writes, by control name,
+// with the caption that goes before each where the head is one picture.
+struct EtiquetaDeCabecera {
+    const char *control;
+    const char *rotulo;
+    Etiqueta EtiquetasGrafica::*etiqueta;
+};
+inline constexpr EtiquetaDeCabecera EtiquetasDeCabecera[] = {
+    {"Ultimo_Cierre", "", &EtiquetasGrafica::Ultimo_Cierre},
+    {"porciento", "", &EtiquetasGrafica::porciento},
+    {"Porciento_2", "Media:", &EtiquetasGrafica::Porciento_2},
+    {"Etiqueta_Maximo", "Máx:", &EtiquetasGrafica::Etiqueta_Maximo},
+    {"Etiqueta_Minimo", "Mín:", &EtiquetasGrafica::Etiqueta_Minimo},
+    {"Etiqueta_Porcentaje_total", "Total:", &EtiquetasGrafica::Etiqueta_Porcentaje_total},
+    {"Fecha_Inicio", "Desde", &EtiquetasGrafica::Fecha_Inicio},
+    {"Fecha_Fin", "hasta", &EtiquetasGrafica::Fecha_Fin},
+    {"Tiempot", "t:", &EtiquetasGrafica::Tiempot},
 };
 
 // The price, volume and indicator charts of the main window and the

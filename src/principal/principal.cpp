@@ -1,5 +1,6 @@
 #include "principal/principal.h"
 
+#include "charts/price_chart.h"
 #include "core/numbers.h"
 #include "principal/comandos.h"
 #include "principal/nombres_comandos.h"
@@ -296,9 +297,7 @@ void Principal::Check2_Click(int)
     if (config.Cargando)
         return;
     if (!marcandoVelas_) {
-        // A candle needs high, low, close and the day's average.
-        const int suma = config.Check2[1] + config.Check2[2] + config.Check2[3] + config.Check2[6];
-        if (suma < 4)
+        if (!velaCompleta(config.Check2))
             config.Candle = 0;
     }
     dibujar();
@@ -310,9 +309,8 @@ void Principal::Candle_Click()
         return;
     if (config.Candle == 1) {
         marcandoVelas_ = true;
-        const int suma = config.Check2[1] + config.Check2[2] + config.Check2[3] + config.Check2[6];
-        if (suma != 4)
-            config.Check2[1] = config.Check2[2] = config.Check2[3] = config.Check2[6] = 1;
+        if (!velaCompleta(config.Check2))
+            marcarSeriesDeVela(config.Check2);
         marcandoVelas_ = false;
     }
     dibujar();

@@ -1,5 +1,7 @@
 #include "windows/estilo.h"
 
+#include "charts/painter_surface.h"
+
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
@@ -9,7 +11,7 @@ namespace tesorel
 
 QColor ColorDe(int bgr)
 {
-    return QColor(bgr & 0xFF, (bgr >> 8) & 0xFF, (bgr >> 16) & 0xFF);
+    return PainterSurface::toQColor(bgr);
 }
 
 void Centrar(QWidget *ventana)

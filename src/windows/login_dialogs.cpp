@@ -12,41 +12,12 @@
 
 #include "principal/principal.h"
 #include "windows/estilo.h"
+#include "windows/formulario.h"
 #include "windows/guarded.h"
 
 namespace tesorel
 {
 
-namespace
-{
-QPushButton *boton(const QString &nombre, const QString &texto, QWidget *padre)
-{
-    auto *b = new QPushButton(texto, padre);
-    b->setObjectName(nombre);
-    b->setAutoDefault(false);
-    b->setCursor(Qt::PointingHandCursor);
-    return b;
-}
-QLineEdit *campo(const QString &nombre, QWidget *padre, bool secreto = false)
-{
-    auto *e = new QLineEdit(padre);
-    e->setObjectName(nombre);
-    if (secreto)
-        e->setEchoMode(QLineEdit::Password);
-    return e;
-}
-// The form's fields above, "Aceptar" and "Cancelar" at the bottom right.
-void formularioConBotones(QDialog *ventana, QLayout *formulario, QPushButton *aceptar, QPushButton *cancelar)
-{
-    auto *botones = new QHBoxLayout;
-    botones->addStretch();
-    botones->addWidget(aceptar);
-    botones->addWidget(cancelar);
-    auto *capa = new QVBoxLayout(ventana);
-    capa->addLayout(formulario);
-    capa->addLayout(botones);
-}
-} // namespace
 
 Form4Dialog::Form4Dialog(Session &s, std::function<void(const QString &)> ponerConfiguracion, QWidget *parent)
     : QDialog(parent), s_(s)
@@ -64,15 +35,15 @@ Form4Dialog::Form4Dialog(Session &s, std::function<void(const QString &)> ponerC
     List1_ = new QListWidget(this);
     List1_->setObjectName("List1");
     List1_->setMinimumHeight(150);
-    Clave_ = campo("Clave", this, true);
+    Clave_ = crearCampo("Clave", this, true);
     Check1_ = new QCheckBox(QStringLiteral("Permitir conexión a internet"), this);
     Check1_->setObjectName("Check1");
-    auto *Entrar = boton("Entrar", QStringLiteral("Entrar"), this);
+    auto *Entrar = crearBoton("Entrar", QStringLiteral("Entrar"), this);
     Entrar->setStyleSheet("background: #16325c; color: white; padding: 6px 18px; border-radius: 4px;");
-    auto *nuevo = boton("nuevo_usuario", QStringLiteral("Añadir Usuario"), this);
-    auto *Label1 = boton("Label1", QStringLiteral("Predeterminar Clave"), this);
-    auto *PredeUser = boton("PredeUser", QStringLiteral("Predeterminar Usuario"), this);
-    auto *Eliminar = boton("Eliminar", QStringLiteral("Eliminar"), this); // never had an action
+    auto *nuevo = crearBoton("nuevo_usuario", QStringLiteral("Añadir Usuario"), this);
+    auto *Label1 = crearBoton("Label1", QStringLiteral("Predeterminar Clave"), this);
+    auto *PredeUser = crearBoton("PredeUser", QStringLiteral("Predeterminar Usuario"), this);
+    auto *Eliminar = crearBoton("Eliminar", QStringLiteral("Eliminar"), this); // never had an action
     auto *nota = new QLabel(QStringLiteral("Resolución Recomendada : 800x600 1024x768"), this);
     nota->setStyleSheet("color: #6b7a8d; font-size: 8pt;");
 
@@ -98,18 +69,15 @@ Form4Dialog::Form4Dialog(Session &s, std::function<void(const QString &)> ponerC
     resize(380, 420);
 
     Clave_->installEventFilter(this);
-    connect(Entrar, &QPushButton::clicked, this, [this] { alPulsar([this] { modelo_->Entrar_Click(); }); });
-    connect(nuevo, &QPushButton::clicked, this,
-            [this] { alPulsar([this] { modelo_->nuevo_usuario_Click(); }); });
-    connect(Label1, &QPushButton::clicked, this, [this] { alPulsar([this] { modelo_->Label1_Click(); }); });
-    connect(PredeUser, &QPushButton::clicked, this,
-            [this] { alPulsar([this] { modelo_->PredeUser_Click(); }); });
-    connect(List1_, &QListWidget::itemClicked, this,
-            [this] { alPulsar([this] { modelo_->List1_Click(); }); });
-    connect(Check1_, &QCheckBox::clicked, this, [this] { alPulsar([this] { modelo_->Check1_Click(); }); });
+    eventos_.alPulsar(Entrar, [this] { modelo_->Entrar_Click(); });
+    eventos_.alPulsar(nuevo, [this] { modelo_->nuevo_usuario_Click(); });
+    eventos_.alPulsar(Label1, [this] { modelo_->Label1_Click(); });
+    eventos_.alPulsar(PredeUser, [this] { modelo_->PredeUser_Click(); });
+    eventos_.alPulsar(Check1_, [this] { modelo_->Check1_Click(); });
+    connect(List1_, &QListWidget::itemClicked, this, [this] { eventos_([this] { modelo_->List1_Click(); }); });
 
     guarded(s_, [this] { modelo_->Form_Load(); });
-    mostrar();
+    eventos_.mostrar();
     Clave_->setFocus();
     Centrar(this);
 }
@@ -125,7 +93,6 @@ void Form4Dialog::copiar()
 
 void Form4Dialog::mostrar()
 {
-    mostrando_ = true;
     if (List1_->count() != modelo_->List1.size() || [&] {
             for (int i = 0; i < List1_->count(); ++i)
                 if (List1_->item(i)->text() != modelo_->List1.at(i))
@@ -143,20 +110,8 @@ void Form4Dialog::mostrar()
         Clave_->setFocus();
         modelo_->ClaveConFoco = false;
     }
-    mostrando_ = false;
     if (modelo_->Descargado)
         done(Accepted);
-}
-
-template <class Evento> void Form4Dialog::alPulsar(Evento &&evento)
-{
-    if (mostrando_)
-        return;
-    guarded(s_, [&] {
-        copiar();
-        evento();
-        mostrar();
-    });
 }
 
 bool Form4Dialog::eventFilter(QObject *objeto, QEvent *evento)
@@ -180,7 +135,7 @@ bool Form4Dialog::eventFilter(QObject *objeto, QEvent *evento)
         default:
             return false;
         }
-        alPulsar([&] { modelo_->Clave_KeyDown(tecla); });
+        eventos_([&] { modelo_->Clave_KeyDown(tecla); });
         return true;
     }
     return QDialog::eventFilter(objeto, evento);
@@ -197,11 +152,11 @@ NewUserDialog::NewUserDialog(Session &s, QWidget *parent) : QDialog(parent), s_(
 {
     setObjectName("NewUser");
     setWindowTitle(QStringLiteral("Nuevo usuario"));
-    NOMBRE_ = campo("NOMBRE", this);
-    Clave1_ = campo("Clave1", this, true);
-    Clave2_ = campo("Clave2", this, true);
-    auto *Aceptar = boton("Aceptar", QStringLiteral("Aceptar"), this);
-    auto *Cancelar = boton("Cancelar", QStringLiteral("Cancelar"), this);
+    NOMBRE_ = crearCampo("NOMBRE", this);
+    Clave1_ = crearCampo("Clave1", this, true);
+    Clave2_ = crearCampo("Clave2", this, true);
+    auto *Aceptar = crearBoton("Aceptar", QStringLiteral("Aceptar"), this);
+    auto *Cancelar = crearBoton("Cancelar", QStringLiteral("Cancelar"), this);
     auto *formulario = new QFormLayout;
     formulario->addRow(QStringLiteral("Nombre"), NOMBRE_);
     formulario->addRow(QStringLiteral("Clave"), Clave1_);
@@ -240,11 +195,11 @@ DatosUsuarioDialog::DatosUsuarioDialog(Session &s, ProveedorCorreo proveedor, QW
 {
     setObjectName("DatosUsuario");
     setWindowTitle(DatosUsuario::Caption);
-    NOMBRE_ = campo("NOMBRE", this);
-    Direccion_ = campo("Direccion", this);
-    email_ = campo("email", this);
-    Poblacion_ = campo("Poblacion", this);
-    CodigoPost_ = campo("CodigoPost", this);
+    NOMBRE_ = crearCampo("NOMBRE", this);
+    Direccion_ = crearCampo("Direccion", this);
+    email_ = crearCampo("email", this);
+    Poblacion_ = crearCampo("Poblacion", this);
+    CodigoPost_ = crearCampo("CodigoPost", this);
     Combo1_ = new QComboBox(this);
     Combo1_->setObjectName("Combo1");
     auto *formulario = new QFormLayout;
@@ -254,27 +209,19 @@ DatosUsuarioDialog::DatosUsuarioDialog(Session &s, ProveedorCorreo proveedor, QW
     formulario->addRow(QStringLiteral("Servidor Smtp"), Poblacion_);
     formulario->addRow(QStringLiteral("Usuario"), CodigoPost_);
     formulario->addRow(QStringLiteral("Configuracion automatica para :"), Combo1_);
-    auto *Aceptar = boton("Aceptar", QStringLiteral("Aceptar"), this);
-    auto *Cancelar = boton("Cancelar", QStringLiteral("Cancelar"), this);
+    auto *Aceptar = crearBoton("Aceptar", QStringLiteral("Aceptar"), this);
+    auto *Cancelar = crearBoton("Cancelar", QStringLiteral("Cancelar"), this);
     formularioConBotones(this, formulario, Aceptar, Cancelar);
 
     Centrar(this);
     guarded(s_, [this] { modelo_.Form_Load(); });
     Combo1_->addItems(modelo_.Combo1);
-    mostrar();
-    connect(Combo1_, &QComboBox::activated, this, [this](int indice) {
-        guarded(s_, [&] {
-            copiar();
-            modelo_.Combo1_Click(Combo1_->itemText(indice));
-            mostrar();
-        });
-    });
-    connect(Aceptar, &QPushButton::clicked, this, [this] {
-        guarded(s_, [this] {
-            copiar();
-            modelo_.Aceptar_Click();
-            accept();
-        });
+    eventos_.mostrar();
+    connect(Combo1_, &QComboBox::activated, this,
+            [this](int indice) { eventos_([&] { modelo_.Combo1_Click(Combo1_->itemText(indice)); }); });
+    eventos_.alPulsar(Aceptar, [this] {
+        modelo_.Aceptar_Click();
+        accept();
     });
     connect(Cancelar, &QPushButton::clicked, this, &QDialog::reject);
 }
@@ -313,7 +260,7 @@ NoHayDialog::NoHayDialog(const QString &directorio, std::function<void()> acepta
     auto *donde = new QLabel(Principal::NoHay_Donde, this);
     donde->setObjectName("Label3");
     donde->setWordWrap(true);
-    auto *Command1 = boton("Command1", QStringLiteral("Aceptar"), this);
+    auto *Command1 = crearBoton("Command1", QStringLiteral("Aceptar"), this);
     auto *fila = new QHBoxLayout;
     fila->addWidget(etiqueta);
     fila->addWidget(Directorio, 1);

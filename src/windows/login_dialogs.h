@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "users/login.h"
+#include "windows/formulario.h"
 
 class QCheckBox;
 class QComboBox;
@@ -32,14 +33,13 @@ class Form4Dialog : public QDialog
   private:
     void copiar();
     void mostrar();
-    template <class Evento> void alPulsar(Evento &&evento);
 
     Session &s_;
     std::unique_ptr<form4> modelo_;
     QListWidget *List1_;
     QLineEdit *Clave_;
     QCheckBox *Check1_;
-    bool mostrando_ = false;
+    EventosDeFormulario eventos_{s_, [this] { copiar(); }, [this] { mostrar(); }};
 };
 
 class NewUserDialog : public QDialog
@@ -71,6 +71,7 @@ class DatosUsuarioDialog : public QDialog
     DatosUsuario modelo_;
     QLineEdit *NOMBRE_, *Direccion_, *email_, *Poblacion_, *CodigoPost_;
     QComboBox *Combo1_;
+    EventosDeFormulario eventos_{s_, [this] { copiar(); }, [this] { mostrar(); }};
 };
 
 // The base file is missing: tells where it was looked for; its button ends the program.

@@ -83,24 +83,15 @@ void GraficasVentana::dibujar()
 void GraficasVentana::mostrarEtiquetas()
 {
     const EtiquetasGrafica &e = grafica.etiquetas;
-    const std::pair<const char *, const Etiqueta *> etiquetas[] = {
-        {"porciento", &e.porciento},
-        {"Ultimo_Cierre", &e.Ultimo_Cierre},
-        {"Porciento_2", &e.Porciento_2},
-        {"Etiqueta_Maximo", &e.Etiqueta_Maximo},
-        {"Etiqueta_Minimo", &e.Etiqueta_Minimo},
-        {"Etiqueta_Porcentaje_total", &e.Etiqueta_Porcentaje_total},
-        {"Tiempot", &e.Tiempot},
-        {"Fecha_Inicio", &e.Fecha_Inicio},
-        {"Fecha_Fin", &e.Fecha_Fin}};
     modelo_.Titulo = e.Titulo.texto;
     if (auto *w = qobject_cast<PrincipalWindow *>(ventana_))
         w->pintarTitulo();
-    for (const auto &[nombre, etiqueta] : etiquetas) {
-        if (auto *l = ventana_->findChild<QLabel *>(QString::fromLatin1(nombre))) {
-            l->setText(etiqueta->texto);
-            const QColor color = PainterSurface::toQColor(etiqueta->color);
-            l->setStyleSheet(etiqueta->color ? QStringLiteral("color: %1;").arg(color.name()) : QString());
+    for (const EtiquetaDeCabecera &c : EtiquetasDeCabecera) {
+        if (auto *l = ventana_->findChild<QLabel *>(QString::fromLatin1(c.control))) {
+            const Etiqueta &etiqueta = e.*c.etiqueta;
+            l->setText(etiqueta.texto);
+            const QColor color = PainterSurface::toQColor(etiqueta.color);
+            l->setStyleSheet(etiqueta.color ? QStringLiteral("color: %1;").arg(color.name()) : QString());
         }
     }
     repintar();
