@@ -5,6 +5,7 @@
 #include "principal/comandos.h"
 #include "store/session.h"
 #include "windows/import_correo_dialog.h"
+#include "windows/importar_op_dialog.h"
 #include "windows/principal_window.h"
 
 namespace tesorel
@@ -24,6 +25,11 @@ void registrarVentanasCorreo(PrincipalWindow &principal, Session &s, Comandos &c
 {
     comandos.registrar("ImportCorreo", [&principal, &s] {
         ImportCorreoDialog ventana(s, padre(principal));
+        ventana.exec();
+    });
+    comandos.registrar("ImportarOp", [&principal, &s, &comandos] {
+        ImportarOpDialog ventana(
+            s, [&comandos] { comandos.ejecutar("AddEmpresa"); }, padre(principal));
         ventana.exec();
     });
 }

@@ -1,0 +1,63 @@
+// The statements window waits for "Confirmar" on the event loop: a cell
+// typed during the wait is what gets booked.
+#include "test_principal_support.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QPushButton>
+#include <QTableWidget>
+
+#include "store/helpers.h"
+#include "store/query.h"
+#include "support/test_base.h"
+#include "windows/importar_op_dialog.h"
+
+namespace tesorel::testing
+{
+namespace
+{
+
+TEST(VentanaImportarOp, CeldaEditadaEnLaEsperaSeApunta)
+{
+    app();
+    SesionDePrueba sp;
+    sp.s.Usuario_Numero = 1;
+    Query(*sp.s.Base_Datos,
+          "insert into Codigo_Empresas (Codigo, NOMBRE, ABREVIATURA11) values (1, 'T', 'TELEF')")
+        .exec();
+    Abrir_Empresas(sp.s);
+    QTemporaryDir dir;
+    QFile f(dir.filePath("e.SCL"));
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write("Fecha operaci\xf3n   Descripci\xf3n\r\n01/02/2024 X 10 100 EUR 1000 5 1005\r\n");
+    f.close();
+
+    ImportarOpDialog ventana(sp.s);
+    ventana.modelo().Text1 = dir.path();
+    auto *rejilla = ventana.findChild<QTableWidget *>("rejilla");
+    int vueltas = 0;
+    QTimer reloj;
+    QObject::connect(&reloj, &QTimer::timeout, [&] {
+        ++vueltas;
+        if (vueltas == 1) // the run waits inside the click: not inside this timer's own event
+            QTimer::singleShot(0, &ventana, [&] { ventana.findChild<QPushButton *>("Command2")->click(); });
+        if (vueltas == 5) { // waiting: type the operation and the value, then confirm
+            ASSERT_EQ(rejilla->rowCount(), 1);
+            rejilla->item(0, 1)->setText("COMPRA");
+            ventana.findChild<QComboBox *>("Combo1")->setEditText("TELEF");
+            ventana.findChild<QPushButton *>("Command3")->click();
+        }
+        if (vueltas == 8)
+            ventana.findChild<QPushButton *>("Salir")->click();
+    });
+    reloj.start(20);
+    ventana.exec();
+    EXPECT_EQ(ventana.modelo().Valor, "Importación finalizada");
+    Query q(*sp.s.Base_Datos, "select Cantidad from cartera where VALOR = 1");
+    ASSERT_TRUE(q.next());
+    EXPECT_EQ(q.number(0), 100);
+    EXPECT_TRUE(sp.ui.messages.empty());
+}
+
+} // namespace
+} // namespace tesorel::testing
