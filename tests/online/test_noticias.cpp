@@ -86,12 +86,14 @@ struct Puesto {
     Session s{ui, dir.path()};
     ServidorWeb web;
     std::unique_ptr<Noticias> noticias;
-    Puesto()
+    // The silent server is the only case that should meet the time limit;
+    // the others get a loaded machine's worth of it.
+    explicit Puesto(int limiteMs = 10000)
     {
         aplicacionDePrueba();
         AjustesOnline a;
         a.sitioNoticias = web.sitio();
-        a.limiteNoticiasMs = 1000;
+        a.limiteNoticiasMs = limiteMs;
         noticias = std::make_unique<Noticias>(s, a);
         noticias->Yahoono = true;
         s.Abreviatura_Actual = "TEF";
@@ -134,7 +136,7 @@ TEST(Noticias, PagesFromLoopback)
 
 TEST(Noticias, ASilentServerGivesNoDisponibleWithinTheLimit)
 {
-    Puesto p;
+    Puesto p(1000);
     p.web.callado = true;
     QElapsedTimer reloj;
     reloj.start();
