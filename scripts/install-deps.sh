@@ -4,7 +4,7 @@
 set -euo pipefail
 
 packages=(
-  g++ cmake ninja-build pkg-config
+  g++ cmake ninja-build pkg-config clang-format
   qt6-base-dev libgl-dev
   libsqlite3-dev sqlite3 libshp-dev
   libgtest-dev libgmock-dev libbenchmark-dev

@@ -4,6 +4,13 @@ set -euo pipefail
 root="$(cd "$(dirname "$0")/.." && pwd)"
 bash "$root/scripts/install-deps.sh"
 
+# The code follows the project's .clang-format.
+if ! (cd "$root" && git ls-files -- '*.cpp' '*.h' | xargs clang-format --dry-run --Werror 2>/dev/null); then
+  echo "Hay ficheros sin el formato del proyecto: clang-format -i sobre ellos." >&2
+  (cd "$root" && git ls-files -- '*.cpp' '*.h' | xargs clang-format --dry-run 2>&1 | grep 'warning:' | cut -d: -f1 | sort -u) >&2
+  exit 1
+fi
+
 build="$root/build-test"
 jobs="$(nproc)"
 cmake -G Ninja -S "$root" -B "$build" -DCMAKE_BUILD_TYPE=Debug -DTESOREL_SANITIZE=ON -DTESOREL_TESTS=ON >/dev/null
