@@ -1,9 +1,9 @@
 // Any text as a message, and its body through the attachment reading: a
 // failure is "Invalid message format" and nothing else; a name that would
 // leave mail/ is never taken as safe.
+#include "core/texto_1252.h"
 #include "import/cmessage.h"
 #include "import/mail_harvest.h"
-#include "import/texto_1252.h"
 
 #include <cstdint>
 #include <cstdlib>

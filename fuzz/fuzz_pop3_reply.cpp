@@ -1,8 +1,8 @@
 // Server replies cut at random places fed to the mail window's session
 // over a socket that only records: no crash, and only the commands of
 // the session ever go out.
+#include "core/texto_1252.h"
 #include "import/import_correo.h"
-#include "import/texto_1252.h"
 #include "import/winsock.h"
 #include "store/session.h"
 #include "store/ui.h"

@@ -200,7 +200,11 @@ int chartCommand(const QStringList &args)
 
 namespace
 {
-const CommandRegistration registro{{"chart", "chart BASE NAME --png OUT [--csv OUT] [--user N] [--days N] [--candle] [--log] [--splits] [--indicator 0-3] [--mediat A,B] [--operations]   draw a value's charts", chartCommand, true}};
+const CommandRegistration registro{
+    {"chart",
+     "chart BASE NAME --png OUT [--csv OUT] [--user N] [--days N] [--candle] [--log] [--splits] [--indicator "
+     "0-3] [--mediat A,B] [--operations]   draw a value's charts",
+     chartCommand, true}};
 } // namespace
 
 } // namespace tesorel::cli

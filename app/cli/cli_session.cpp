@@ -1,12 +1,12 @@
 #include "cli_session.h"
 
+#include "core/numbers.h"
 #include "core/runtime_error.h"
 #include "store/database.h"
 #include "store/helpers.h"
-#include "users/login.h"
 #include "store/recordset.h"
 #include "store/usuario.h"
-#include "core/numbers.h"
+#include "users/login.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -155,7 +155,8 @@ SesionCli::SesionCli(const Argumentos &a, const QString &rutaBase)
     for (; !usuarios->Eof(); usuarios->MoveNext()) {
         const double clave = usuarios->field(QStringLiteral("clave")).toDouble();
         const QString nombre = Texto_Nulo(usuarios->field(QStringLiteral("NOMBRE")));
-        const bool predeterminado = Texto_Nulo(usuarios->field(QStringLiteral("Password"))) == ClaveUsuarioPredeterminado;
+        const bool predeterminado =
+            Texto_Nulo(usuarios->field(QStringLiteral("Password"))) == ClaveUsuarioPredeterminado;
         if ((usuario != 0 && clave == usuario) || (usuario == 0 && (predeterminado || elegido.isEmpty()))) {
             elegido = nombre;
             s.Usuario_Numero = clave;

@@ -3,8 +3,8 @@
 #include "core/runtime_error.h"
 
 #include <QCoreApplication>
-#include <algorithm>
 #include <QGuiApplication>
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <exception>
@@ -26,8 +26,9 @@ std::vector<Command> &registro()
 CommandRegistration::CommandRegistration(const Command &command)
 {
     auto &commands = registro();
-    auto at = std::lower_bound(commands.begin(), commands.end(), command,
-                               [](const Command &a, const Command &b) { return std::strcmp(a.name, b.name) < 0; });
+    auto at =
+        std::lower_bound(commands.begin(), commands.end(), command,
+                         [](const Command &a, const Command &b) { return std::strcmp(a.name, b.name) < 0; });
     commands.insert(at, command);
 }
 

@@ -61,7 +61,9 @@ int makebaseCommand(const QStringList &args)
 
 namespace
 {
-const CommandRegistration registro{{"makebase", "makebase OUT [--sample] [--data DIR]   build a new base from the data folder", makebaseCommand, false}};
+const CommandRegistration registro{
+    {"makebase", "makebase OUT [--sample] [--data DIR]   build a new base from the data folder",
+     makebaseCommand, false}};
 } // namespace
 
 } // namespace tesorel::cli

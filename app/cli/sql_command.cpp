@@ -89,7 +89,8 @@ int sqlCommand(const QStringList &args)
 
 namespace
 {
-const CommandRegistration registro{{"sql", "sql BASE STATEMENT                       run one statement, print its rows", sqlCommand, false}};
+const CommandRegistration registro{
+    {"sql", "sql BASE STATEMENT                       run one statement, print its rows", sqlCommand, false}};
 } // namespace
 
 } // namespace tesorel::cli

@@ -1,17 +1,24 @@
 #pragma once
-#include <cstdint>
 #include <QString>
+#include <cstdint>
 
-namespace tesorel {
+namespace tesorel
+{
 
 // Money with four decimals: a 64-bit count of ten-thousandths.
 // Conversion from a double rounds half to even; overflow past the
 // range raises RuntimeError(Overflow).
-class Currency {
-public:
+class Currency
+{
+  public:
     constexpr Currency() = default;
     static Currency fromDouble(double value);
-    static constexpr Currency fromUnits(std::int64_t units) { Currency c; c.units_ = units; return c; }
+    static constexpr Currency fromUnits(std::int64_t units)
+    {
+        Currency c;
+        c.units_ = units;
+        return c;
+    }
 
     std::int64_t units() const { return units_; }
     double toDouble() const { return static_cast<double>(units_) / 10000.0; }
@@ -25,7 +32,7 @@ public:
     Currency &operator-=(Currency other) { return *this = *this - other; }
     auto operator<=>(const Currency &) const = default;
 
-private:
+  private:
     std::int64_t units_ = 0;
 };
 

@@ -2,7 +2,8 @@
 #include <QDate>
 #include <QString>
 
-namespace tesorel {
+namespace tesorel
+{
 
 // The month's name in Spanish ("Enero".."Diciembre"), "" outside 1..12.
 QString Nombre_Mes(double month);

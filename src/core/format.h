@@ -2,7 +2,8 @@
 #include <QDate>
 #include <QString>
 
-namespace tesorel {
+namespace tesorel
+{
 
 // A number through a number mask, with Spanish output: in the mask ","
 // is the thousands sign and "." the decimal point; the text has a point

@@ -1,12 +1,14 @@
 #pragma once
 #include <cstdint>
 
-namespace tesorel {
+namespace tesorel
+{
 
 // A 16-bit signed whole number as the classes of the ledger keep shares
 // and codes: any result past -32768..32767 raises RuntimeError(Overflow).
-class Int16 {
-public:
+class Int16
+{
+  public:
     constexpr Int16() = default;
     Int16(double value); // rounds half to even, overflow past the range
     std::int16_t value() const { return value_; }
@@ -18,7 +20,7 @@ public:
     Int16 &operator+=(Int16 other) { return *this = *this + other; }
     Int16 &operator-=(Int16 other) { return *this = *this - other; }
 
-private:
+  private:
     std::int16_t value_ = 0;
 };
 

@@ -1,7 +1,8 @@
 #pragma once
 #include <QString>
 
-namespace tesorel {
+namespace tesorel
+{
 
 // The Val rule: optional blanks and sign, digits with a decimal point,
 // an exponent; reading stops at the first character that cannot go on

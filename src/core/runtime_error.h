@@ -2,13 +2,15 @@
 #include <QString>
 #include <stdexcept>
 
-namespace tesorel {
+namespace tesorel
+{
 
 // Error numbers that callers look at. They keep the numbers the
 // program's users and its error log have always seen.
-namespace err {
+namespace err
+{
 constexpr int ReturnWithoutGosub = 3;
-constexpr int InvalidCall = 5;           // invalid procedure call or argument
+constexpr int InvalidCall = 5; // invalid procedure call or argument
 constexpr int Overflow = 6;
 constexpr int SubscriptOutOfRange = 9;
 constexpr int DivisionByZero = 11;
@@ -24,14 +26,17 @@ constexpr int EngineError = 3000;          // any other failure of the engine
 
 // A run-time failure: what the error routine logs and what a guarded
 // procedure skips.
-class RuntimeError : public std::runtime_error {
-public:
+class RuntimeError : public std::runtime_error
+{
+  public:
     RuntimeError(int number, const QString &description)
-        : std::runtime_error(description.toStdString()), number_(number), description_(description) {}
+        : std::runtime_error(description.toStdString()), number_(number), description_(description)
+    {
+    }
     int number() const { return number_; }
     const QString &description() const { return description_; }
 
-private:
+  private:
     int number_;
     QString description_;
 };

@@ -1,6 +1,7 @@
 #pragma once
 
-namespace tesorel {
+namespace tesorel
+{
 
 // A price to the vertical scale of a chart: the decimal logarithm when
 // the chart is logarithmic and the number is above 0, else the number.

@@ -1,4 +1,5 @@
 #include "import/archivos_cotizacion.h"
+#include "core/texto_1252.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -50,7 +51,7 @@ std::vector<std::pair<QString, QString>> leerTickers(const QByteArray &bytes)
     // Input #: blanks before a field are skipped; a quoted field runs to the
     // next quote, anything after it up to the separator is dropped; an
     // unquoted one runs to a comma or a line end and loses trailing blanks.
-    const QString t = textoWindows1252(bytes);
+    const QString t = desde1252(bytes);
     QStringList campos;
     qsizetype i = 0;
     const qsizetype n = t.size();
@@ -168,7 +169,7 @@ void TablaDbf::abrir(const QString &ruta)
         char nombre[XBASE_FLDNAME_LEN_READ + 1] = {};
         int ancho = 0, decimales = 0;
         DBFGetFieldInfo(h, k, nombre, &ancho, &decimales);
-        campos_.push_back({textoWindows1252(QByteArrayView(nombre, qstrnlen(nombre, sizeof nombre))),
+        campos_.push_back({desde1252(QByteArrayView(nombre, qstrnlen(nombre, sizeof nombre))),
                            DBFGetNativeFieldType(h, k)});
     }
     for (int r = 0; r < int(registros); ++r)
@@ -195,7 +196,7 @@ QVariant TablaDbf::field(int posicion) const
     const char *crudo = DBFReadStringAttribute(h, registro, posicion);
     if (!crudo || DBFIsAttributeNULL(h, registro, posicion))
         return {};
-    const QString texto = textoWindows1252(QByteArrayView(crudo, qstrlen(crudo)));
+    const QString texto = desde1252(QByteArrayView(crudo, qstrlen(crudo)));
     switch (campos_[size_t(posicion)].tipo) {
     case 'N':
     case 'F':

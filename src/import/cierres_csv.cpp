@@ -1,25 +1,10 @@
 #include "import/cierres_csv.h"
 
 #include "core/numbers.h"
+#include "core/texto_1252.h"
 
 namespace tesorel
 {
-
-QString textoWindows1252(QByteArrayView bytes)
-{
-    // 0x80..0x9F differ from Latin-1; the five holes stay as their code.
-    static const char16_t alto[32] = {0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
-                                      0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x8D,   0x017D, 0x8F,
-                                      0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
-                                      0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
-    QString out(bytes.size(), Qt::Uninitialized);
-    QChar *d = out.data();
-    for (const char c : bytes) {
-        const auto b = static_cast<unsigned char>(c);
-        *d++ = (b >= 0x80 && b < 0xA0) ? QChar(alto[b - 0x80]) : QChar(b);
-    }
-    return out;
-}
 
 QString FileInet::Line_Input()
 {
@@ -33,7 +18,7 @@ QString FileInet::Line_Input()
         if (pos_ < bytes_.size() && bytes_[pos_] == '\n')
             ++pos_;
     }
-    return textoWindows1252(QByteArrayView(bytes_).sliced(inicio, fin - inicio));
+    return desde1252(QByteArrayView(bytes_).sliced(inicio, fin - inicio));
 }
 
 int CuantasComas(const QString &linea)

@@ -24,9 +24,6 @@ class FileInet
     qsizetype pos_ = 0;
 };
 
-// Windows-1252 bytes as text.
-QString textoWindows1252(QByteArrayView bytes);
-
 // The number of commas of a line.
 int CuantasComas(const QString &linea);
 // The n-th comma-separated field (from 1); past the last comma, the last field.

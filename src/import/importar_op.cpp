@@ -7,7 +7,7 @@
 #include "core/dates.h"
 #include "core/format.h"
 #include "core/numbers.h"
-#include "import/texto_1252.h"
+#include "core/texto_1252.h"
 #include "portfolio/apunte.h"
 #include "store/database.h"
 #include "store/helpers.h"

@@ -4,8 +4,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include "core/texto_1252.h"
 #include "import/cmessage.h"
-#include "import/texto_1252.h"
 #include "store/session.h"
 
 namespace tesorel

@@ -1,7 +1,7 @@
 #include <QTcpSocket>
 #include <QTimer>
 
-#include "import/texto_1252.h"
+#include "core/texto_1252.h"
 #include "import/winsock.h"
 
 namespace tesorel

@@ -34,7 +34,6 @@ const QString SqlAlAzar =
                    "JOIN Codigo_Empresas "
                    "ON bolsa_de_un_dia.VALOR = Codigo_Empresas.Codigo  ORDER BY Codigo_Empresas.Nombre");
 
-
 } // namespace
 
 ListaValores::ListaValores(Session &session)

@@ -8,7 +8,8 @@
 #include <QSaveFile>
 #include <QTimer>
 
-namespace tesorel {
+namespace tesorel
+{
 
 bool Descargar_Url(const QString &address, const QString &file, int timeoutMs)
 {

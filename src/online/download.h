@@ -1,7 +1,8 @@
 #pragma once
 #include <QString>
 
-namespace tesorel {
+namespace tesorel
+{
 
 // Fetches an address into a file, waiting for it with a time limit while
 // the interface goes on. True when the file exists afterwards; a failed

@@ -4,8 +4,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include "core/texto_1252.h"
 #include "online/download.h"
-#include "online/texto_1252.h"
 #include "store/helpers.h"
 #include "store/session.h"
 #include "store/ui.h"
@@ -69,7 +69,7 @@ QStringList Lineas_Del_Archivo(const QByteArray &contenido)
         qsizetype fin = i;
         while (fin < contenido.size() && contenido.at(fin) != '\r')
             ++fin;
-        lineas << Texto_De_1252(contenido.mid(i, fin - i));
+        lineas << desde1252(contenido.mid(i, fin - i));
         i = fin + 1;
         if (fin < contenido.size() && i < contenido.size() && contenido.at(i) == '\n')
             ++i;

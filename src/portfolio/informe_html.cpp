@@ -1,41 +1,12 @@
 #include "portfolio/informe_html.h"
 
 #include "core/runtime_error.h"
+#include "core/texto_1252.h"
 
 #include <array>
 
 namespace tesorel
 {
-
-namespace
-{
-
-// 0x80..0x9F of windows-1252; 0 where the code page has no character.
-constexpr std::array<char16_t, 32> kAltos = {0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
-                                             0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0,      0x017D, 0,
-                                             0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
-                                             0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
-
-char unCaracter(char16_t c)
-{
-    if (c < 0x80 || (c >= 0xA0 && c <= 0xFF))
-        return static_cast<char>(c);
-    for (std::size_t i = 0; i < kAltos.size(); ++i)
-        if (kAltos[i] != 0 && kAltos[i] == c)
-            return static_cast<char>(0x80 + i);
-    return '?';
-}
-
-} // namespace
-
-QByteArray aWindows1252(const QString &texto)
-{
-    QByteArray bytes;
-    bytes.reserve(texto.size());
-    for (const QChar c : texto)
-        bytes.append(unCaracter(c.unicode()));
-    return bytes;
-}
 
 void InformeHtml::abrir(const QString &ruta)
 {
@@ -48,7 +19,7 @@ void InformeHtml::linea(const QString &texto)
 {
     if (!archivo_.isOpen())
         throw RuntimeError(52, QStringLiteral("Nombre o número de archivo incorrecto"));
-    const QByteArray bytes = aWindows1252(texto) + "\r\n";
+    const QByteArray bytes = a1252(texto) + "\r\n";
     if (archivo_.write(bytes) != bytes.size())
         throw RuntimeError(61, QStringLiteral("Disco lleno"));
 }

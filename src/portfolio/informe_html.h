@@ -23,9 +23,6 @@ class InformeHtml
     QFile archivo_;
 };
 
-// Characters outside windows-1252 become "?".
-QByteArray aWindows1252(const QString &texto);
-
 // The site that the report's title links to.
 inline const QString SitioWeb = QStringLiteral("https://tesorel.example.org/");
 

@@ -5,14 +5,16 @@
 #include "core/int16.h"
 #include "core/runtime_error.h"
 
-namespace tesorel {
+namespace tesorel
+{
 
 // A fixed store of up to 1000 object references with a 16-bit count,
 // indexed from 1. Index 0 appends; any other index stores in place and
 // leaves the count alone, so a place written that way past the count
 // cannot be read back.
-template <class T> class Coleccion {
-public:
+template <class T> class Coleccion
+{
+  public:
     static constexpr int Capacidad = 1000;
 
     void Add(std::shared_ptr<T> item, double index = 0)
@@ -37,7 +39,7 @@ public:
 
     double Count() const { return count_; }
 
-private:
+  private:
     std::shared_ptr<T> &slot(double index)
     {
         if (index < 1 || index > Capacidad)

@@ -5,9 +5,11 @@
 #include "core/format.h"
 #include "store/ui.h"
 
-namespace tesorel {
+namespace tesorel
+{
 
-namespace {
+namespace
+{
 // A number as a comma-separated record writes it: no leading blank.
 QString numberField(double v)
 {

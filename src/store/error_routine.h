@@ -4,7 +4,8 @@
 
 #include "core/runtime_error.h"
 
-namespace tesorel {
+namespace tesorel
+{
 
 class Ui;
 
@@ -12,8 +13,9 @@ class Ui;
 // place mark equals the remembered one (both start at 0, so an ordinary
 // session never shows it); otherwise the "Atención" dialog with Abort,
 // Retry and Ignore, and error.txt rewritten with the failure.
-class ErrorRoutine {
-public:
+class ErrorRoutine
+{
+  public:
     // Returns false when the person chose Abort (the program must end).
     bool registrar(Ui &ui, const QString &carpeta, double ubicacion, const RuntimeError &error,
                    const QDateTime &when = QDateTime::currentDateTime());
@@ -22,7 +24,7 @@ public:
     // The record as it goes into error.txt.
     static QString registro(const QDateTime &when, const RuntimeError &error, double ubicacion);
 
-private:
+  private:
     double mark_ = 0;
 };
 

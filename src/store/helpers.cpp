@@ -10,7 +10,8 @@
 
 #include <cmath>
 
-namespace tesorel {
+namespace tesorel
+{
 
 QString Texto_Nulo(const QVariant &value)
 {
@@ -29,7 +30,8 @@ QString Texto_Nulo(const QVariant &value)
     }
 }
 
-namespace {
+namespace
+{
 constexpr double kWholeLimit = 1e15; // past it the text is in E notation
 
 // A whole number of the engine below the E notation reads back as itself.
@@ -210,7 +212,8 @@ bool Es_Favorito(Session &s, double code)
 QString Web_Empresa(Session &s, double code)
 {
     auto rs = s.Base_Datos->openRecordset(
-        "SELECT Codigo_Empresas.Codigo, Codigo_Empresas.Abreviatura11, www.Campo3 AS web, www.Web AS webempresa "
+        "SELECT Codigo_Empresas.Codigo, Codigo_Empresas.Abreviatura11, www.Campo3 AS web, www.Web AS "
+        "webempresa "
         "FROM Codigo_Empresas INNER JOIN www ON Codigo_Empresas.Nombre = www.Campo2");
     rs->FindFirst("codigo = " + Str(code));
     if (rs->NoMatch())

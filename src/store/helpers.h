@@ -2,7 +2,8 @@
 #include <QString>
 #include <QVariant>
 
-namespace tesorel {
+namespace tesorel
+{
 
 class Session;
 

@@ -52,8 +52,8 @@ class Query
     bool isNull(int column) const;
     double number(int column) const; // null reads 0
     qint64 whole(int column) const;
-    QString text(int column) const;  // null reads ""
-    QDate date(int column) const;    // ISO text; null or not a day reads a null date
+    QString text(int column) const;   // null reads ""
+    QDate date(int column) const;     // ISO text; null or not a day reads a null date
     QVariant value(int column) const; // as a recordset field reads it
 
     qint64 lastInsertId() const;

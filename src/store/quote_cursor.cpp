@@ -7,7 +7,8 @@
 
 #include <cmath>
 
-namespace tesorel {
+namespace tesorel
+{
 
 void RecordSeto::setRecordcount(double n)
 {
@@ -27,10 +28,17 @@ std::size_t RecordSeto::index() const
     return static_cast<std::size_t>(position_ - 1);
 }
 
-QDate RecordSeto::Fecha() const { return fecha_[index()]; }
-void RecordSeto::setFecha(const QDate &d) { fecha_[index()] = d; }
+QDate RecordSeto::Fecha() const
+{
+    return fecha_[index()];
+}
+void RecordSeto::setFecha(const QDate &d)
+{
+    fecha_[index()] = d;
+}
 
-namespace {
+namespace
+{
 int fieldIndex(const Recordset &rs, const QString &name)
 {
     for (int i = 0; i < rs.fieldCount(); ++i)

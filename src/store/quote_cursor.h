@@ -2,7 +2,8 @@
 #include <QDate>
 #include <vector>
 
-namespace tesorel {
+namespace tesorel
+{
 
 class Recordset;
 
@@ -10,8 +11,9 @@ class Recordset;
 // so that a chart reads memory and not the engine. Positions count from 1
 // and are not checked by the moves; a field read or write outside
 // 1..count is a run-time failure (SubscriptOutOfRange).
-class RecordSeto {
-public:
+class RecordSeto
+{
+  public:
     bool Eof() const { return position_ > count_; }
     void Movenext() { ++position_; }
     void MovePrevious() { --position_; }
@@ -49,7 +51,7 @@ public:
     // with the point rule, the others with the locale rule.
     void fillFrom(Recordset &rs);
 
-private:
+  private:
     std::size_t index() const;
     double at(const std::vector<double> &column) const { return column[index()]; }
     double &at(std::vector<double> &column) { return column[index()]; }

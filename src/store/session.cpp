@@ -5,9 +5,11 @@
 #include "store/ui.h"
 #include "store/usuario.h"
 
-namespace tesorel {
+namespace tesorel
+{
 
-namespace {
+namespace
+{
 QString fold(const QString &text)
 {
     return text.toCaseFolded();

@@ -5,14 +5,15 @@
 #include <array>
 #include <exception>
 #include <functional>
-#include <optional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "core/runtime_error.h"
 #include "store/error_routine.h"
 
-namespace tesorel {
+namespace tesorel
+{
 
 class Database;
 class Recordset;
@@ -44,8 +45,9 @@ struct IndiceEmpresas {
 // All state that the windows share: the open base, the companies, the
 // user, the value's side information, the error mark. One per program;
 // tests make as many as they like.
-class Session {
-public:
+class Session
+{
+  public:
     Session(Ui &ui, const QString &carpetaAplicacion);
     ~Session();
     Session(const Session &) = delete;
@@ -115,7 +117,7 @@ public:
     // Opens the base file of the application folder (or the one given).
     void abrirBase(const QString &path = {});
 
-private:
+  private:
     void reportSafely(const RuntimeError &e) noexcept;
 };
 

@@ -1,6 +1,7 @@
 #include "store/ui.h"
 
-namespace tesorel {
+namespace tesorel
+{
 
 int ScriptedUi::MsgBox(const QString &prompt, int style, const QString &title)
 {

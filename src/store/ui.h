@@ -4,10 +4,12 @@
 #include <deque>
 #include <vector>
 
-namespace tesorel {
+namespace tesorel
+{
 
 // Message box styles and answers, with the values the program has always used.
-namespace mb {
+namespace mb
+{
 constexpr int OkOnly = 0, OkCancel = 1, AbortRetryIgnore = 2, YesNoCancel = 3, YesNo = 4, RetryCancel = 5;
 constexpr int Critical = 16, Question = 32, Exclamation = 48, Information = 64;
 constexpr int Ok = 1, Cancel = 2, Abort = 3, Retry = 4, Ignore = 5, Yes = 6, No = 7;
@@ -15,8 +17,9 @@ constexpr int Ok = 1, Cancel = 2, Abort = 3, Retry = 4, Ignore = 5, Yes = 6, No 
 
 // What the logic asks of the person in front of it. The desktop answers
 // with real dialogs; tests script the answers and read what was shown.
-class Ui {
-public:
+class Ui
+{
+  public:
     virtual ~Ui() = default;
     virtual int MsgBox(const QString &prompt, int style = mb::OkOnly, const QString &title = {}) = 0;
     // The text typed, or "" when the box was cancelled.
@@ -31,18 +34,19 @@ public:
 };
 
 // A Ui for tests: answers come from a queue, everything shown is kept.
-class ScriptedUi : public Ui {
-public:
+class ScriptedUi : public Ui
+{
+  public:
     struct Shown {
         QString prompt;
         int style;
         QString title;
     };
 
-    std::deque<int> answers;       // MsgBox answers; Ok when empty
-    std::deque<QString> inputs;    // InputBox texts; "" when empty
-    std::vector<Shown> messages;   // every MsgBox and InputBox, in order
-    QStringList opened;            // every OpenUrl
+    std::deque<int> answers;     // MsgBox answers; Ok when empty
+    std::deque<QString> inputs;  // InputBox texts; "" when empty
+    std::vector<Shown> messages; // every MsgBox and InputBox, in order
+    QStringList opened;          // every OpenUrl
     int beeps = 0;
     int eventsYielded = 0;
     bool ended = false;

@@ -22,7 +22,10 @@ class ChartView : public QWidget
     // Either may be absent (the volume and indicator pictures have neither).
     void setModelos(OperacionesGrafica *operaciones, InteraccionGrafica *interaccion);
     // Runs every mouse step; the window hands in its error guard.
-    void setGuardia(std::function<void(const std::function<void()> &)> guardia) { guardia_ = std::move(guardia); }
+    void setGuardia(std::function<void(const std::function<void()> &)> guardia)
+    {
+        guardia_ = std::move(guardia);
+    }
 
   protected:
     void paintEvent(QPaintEvent *) override;

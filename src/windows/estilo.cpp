@@ -22,7 +22,8 @@ void Centrar(QWidget *ventana)
     ventana->adjustSize();
     const QRect zona = pantalla->availableGeometry();
     const QRect marco = ventana->frameGeometry();
-    ventana->move(zona.left() + (zona.width() - marco.width()) / 2, zona.top() + (zona.height() - marco.height()) / 2);
+    ventana->move(zona.left() + (zona.width() - marco.width()) / 2,
+                  zona.top() + (zona.height() - marco.height()) / 2);
 }
 
 QString HojaDeEstilo()

@@ -18,7 +18,6 @@
 namespace tesorel
 {
 
-
 Form4Dialog::Form4Dialog(Session &s, std::function<void(const QString &)> ponerConfiguracion, QWidget *parent)
     : QDialog(parent), s_(s)
 {
@@ -74,7 +73,8 @@ Form4Dialog::Form4Dialog(Session &s, std::function<void(const QString &)> ponerC
     eventos_.alPulsar(Label1, [this] { modelo_->Label1_Click(); });
     eventos_.alPulsar(PredeUser, [this] { modelo_->PredeUser_Click(); });
     eventos_.alPulsar(Check1_, [this] { modelo_->Check1_Click(); });
-    connect(List1_, &QListWidget::itemClicked, this, [this] { eventos_([this] { modelo_->List1_Click(); }); });
+    connect(List1_, &QListWidget::itemClicked, this,
+            [this] { eventos_([this] { modelo_->List1_Click(); }); });
 
     guarded(s_, [this] { modelo_->Form_Load(); });
     eventos_.mostrar();

@@ -3,8 +3,8 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QScreen>
-#include <algorithm>
 #include <QWidget>
+#include <algorithm>
 
 #include "principal/comandos.h"
 #include "principal/principal.h"
@@ -21,8 +21,8 @@ GraficasVentana::GraficasVentana(Session &s, Principal &modelo, QWidget *ventana
 {
     // The window always fills the screen: the pictures get the pixels that
     // their share of it will have, so that the text is drawn at its size.
-    const QSize pantalla = QGuiApplication::primaryScreen() ? QGuiApplication::primaryScreen()->size()
-                                                             : QSize(1280, 800);
+    const QSize pantalla =
+        QGuiApplication::primaryScreen() ? QGuiApplication::primaryScreen()->size() : QSize(1280, 800);
     const int ancho = std::max(400, pantalla.width() - 290);
     const int alto = std::max(300, pantalla.height() - 290);
     superficies_[0] = std::make_unique<PainterSurface>(ancho, alto * 60 / 100);

@@ -1,7 +1,7 @@
 #include "windows/principal_window.h"
+#include "windows/chart_view.h"
 #include "windows/chat_panel.h"
 #include "windows/noticias_vista.h"
-#include "windows/chart_view.h"
 #include "windows/principal_charts.h"
 #include "windows/ventanas.h"
 
@@ -453,8 +453,9 @@ QWidget *PrincipalWindow::construirGraficas()
     pagina(QStringLiteral("pestaña_6"));
     pagina(QStringLiteral("pestaña_7"));
     auto *marcoChat = pagina("MarcoChat");
-    (new QVBoxLayout(marcoChat))->addWidget(
-        new ChatPanel(s_, AjustesOnline::delEntorno(), [this] { return modelo_.Version; }, marcoChat));
+    (new QVBoxLayout(marcoChat))
+        ->addWidget(new ChatPanel(
+            s_, AjustesOnline::delEntorno(), [this] { return modelo_.Version; }, marcoChat));
     capa->addWidget(paginas_, 25);
 
     Pestanas_ = new QTabBar(lado);

@@ -109,7 +109,8 @@ TEST(SampleQuotes, RowsHangTogetherDayAfterDay)
         {"change from the two closes", "SELECT COUNT(*) FROM bolsa WHERE ULTIMO > 0 AND ABS(DIF - (ULTIMO - "
                                        "ANTERIOR) * 100 / ANTERIOR) > 0.005"},
         {"money in thousands is shares at a price of the day",
-         "SELECT COUNT(*) FROM bolsa WHERE VALOR <> 1 AND ULTIMO > 0 AND (EFECT * 1000 < VOLUMEN * MINIMO - 10 OR "
+         "SELECT COUNT(*) FROM bolsa WHERE VALOR <> 1 AND ULTIMO > 0 AND (EFECT * 1000 < VOLUMEN * MINIMO - "
+         "10 OR "
          "EFECT * 1000 > VOLUMEN * MAXIMO + 10)"},
         {"shares stocks between 1 and 100 euros",
          "SELECT COUNT(*) FROM bolsa WHERE VALOR <> 1 AND ULTIMO > 0 AND "

@@ -3,9 +3,9 @@
 #include <QDir>
 #include <QFile>
 
+#include "core/texto_1252.h"
 #include "import/cmessage.h"
 #include "import/mail_harvest.h"
-#include "import/texto_1252.h"
 #include "import_fixture.h"
 
 namespace tesorel::testing

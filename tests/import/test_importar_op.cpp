@@ -3,8 +3,8 @@
 #include <QDir>
 #include <QFile>
 
+#include "core/texto_1252.h"
 #include "import/importar_op.h"
-#include "import/texto_1252.h"
 #include "import_fixture.h"
 
 namespace tesorel::testing

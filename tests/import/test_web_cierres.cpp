@@ -3,6 +3,7 @@
 
 #include <QTemporaryDir>
 
+#include "core/texto_1252.h"
 #include "import/cierres_csv.h"
 #include "import/fuentes_cierres.h"
 
@@ -57,7 +58,7 @@ TEST(WebCierres, FieldsWindows1252AndTheSourcesAddresses)
     EXPECT_EQ(Enlacolumna("a,b,c", "9"), "c");
     EXPECT_EQ(Primer("abc"), "abc");
     EXPECT_EQ(Primer("DATE,x"), "DATE");
-    EXPECT_EQ(textoWindows1252("\x80\xD1"), QString::fromUtf8("€Ñ"));
+    EXPECT_EQ(desde1252("\x80\xD1"), QString::fromUtf8("€Ñ"));
 
     QTemporaryDir carpeta;
     QFile ini(carpeta.path() + "/fuentes.ini");

@@ -14,7 +14,8 @@
 
 using namespace tesorel;
 
-namespace {
+namespace
+{
 
 QCoreApplication &app()
 {
@@ -22,8 +23,9 @@ QCoreApplication &app()
 }
 
 // python3's http.server on a free loopback port, serving a folder.
-class LocalHttpServer {
-public:
+class LocalHttpServer
+{
+  public:
     explicit LocalHttpServer(const QString &folder)
     {
         QTcpServer probe;
@@ -48,7 +50,7 @@ public:
     }
     QString url(const QString &path) const { return QString("http://127.0.0.1:%1/%2").arg(port_).arg(path); }
 
-private:
+  private:
     QProcess process_;
     quint16 port_ = 0;
 };

@@ -81,6 +81,8 @@ class ServidorWeb
 };
 
 struct Puesto {
+    // The application first: a server made before it never hears its connections.
+    QCoreApplication &app = aplicacionDePrueba();
     QTemporaryDir dir;
     ScriptedUi ui;
     Session s{ui, dir.path()};

@@ -1,4 +1,5 @@
 #include "core/runtime_error.h"
+#include "core/texto_1252.h"
 #include "portfolio/informe_html.h"
 
 #include <QTemporaryDir>
@@ -17,7 +18,7 @@ TEST(InformeHtml, Windows1252WithCrLf)
         {QStringLiteral("漢"), QByteArray("?")},
     };
     for (const auto &c : casos)
-        EXPECT_EQ(aWindows1252(c.texto), c.bytes) << c.texto.toStdString();
+        EXPECT_EQ(a1252(c.texto), c.bytes) << c.texto.toStdString();
 
     QTemporaryDir dir;
     const QString ruta = dir.path() + "/r.htm";

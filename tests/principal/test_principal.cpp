@@ -6,11 +6,11 @@
 #include "principal/comandos.h"
 #include "principal/principal.h"
 #include "store/database.h"
-#include "users/login.h"
 #include "store/recordset.h"
 #include "store/session.h"
 #include "store/ui.h"
 #include "support/test_base.h"
+#include "users/login.h"
 
 using namespace tesorel;
 

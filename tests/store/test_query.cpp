@@ -23,7 +23,8 @@ TEST_F(SmallBase, BoundValuesNeverBecomeStatementText)
     EXPECT_EQ(poner.bind(1, QStringLiteral("D'Oliveira")).bind(2, 1).exec(), 1);
     EXPECT_EQ(poner.bind(1, QStringLiteral("*")).bind(2, 2).exec(), 1);
 
-    Query leer(*base, QStringLiteral("select VALOR, NOMBRE, FECHA from quotes where NOMBRE = ? order by VALOR"));
+    Query leer(*base,
+               QStringLiteral("select VALOR, NOMBRE, FECHA from quotes where NOMBRE = ? order by VALOR"));
     leer.bind(1, QStringLiteral("D'Oliveira"));
     ASSERT_TRUE(leer.next());
     EXPECT_EQ(leer.whole(0), 1);

@@ -8,20 +8,25 @@
 
 using namespace tesorel;
 
-namespace {
+namespace
+{
 
-class Lookups : public ::testing::Test, protected tesorel::testing::SesionDePrueba {
-protected:
+class Lookups : public ::testing::Test, protected tesorel::testing::SesionDePrueba
+{
+  protected:
     void SetUp() override
     {
-        base.db->execute("insert into codigo_empresas (codigo, nombre, abreviatura3, abreviatura11, invertia) "
-                         "values (1, 'BANCO SANTANDER', 'SAN', 'SANTANDER', 'RV011SANTANDER')");
-        base.db->execute("insert into codigo_empresas (codigo, nombre, abreviatura3, abreviatura11, invertia) "
-                         "values (2, 'TELEFONICA', 'TEF', 'TELEFONICA', 'RV011TELEFONICA')");
+        base.db->execute(
+            "insert into codigo_empresas (codigo, nombre, abreviatura3, abreviatura11, invertia) "
+            "values (1, 'BANCO SANTANDER', 'SAN', 'SANTANDER', 'RV011SANTANDER')");
+        base.db->execute(
+            "insert into codigo_empresas (codigo, nombre, abreviatura3, abreviatura11, invertia) "
+            "values (2, 'TELEFONICA', 'TEF', 'TELEFONICA', 'RV011TELEFONICA')");
         base.db->execute("insert into codigo_empresas (codigo, nombre, abreviatura3, abreviatura11) "
                          "values (3, 'CARTERA INDUSTRIAL', 'CIN', 'CARTERA IND')");
-        base.db->execute("insert into www (campo2, campo3, web) values ('TELEFONICA', "
-                         "'tef#http://quotes.example/tef#', 'www.telefonica.com#http://www.telefonica.com#')");
+        base.db->execute(
+            "insert into www (campo2, campo3, web) values ('TELEFONICA', "
+            "'tef#http://quotes.example/tef#', 'www.telefonica.com#http://www.telefonica.com#')");
         base.db->execute("insert into faboritos (usuario, valor) values (1, 2)");
         Abrir_Empresas(s);
     }

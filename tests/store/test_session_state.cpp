@@ -16,7 +16,8 @@
 
 using namespace tesorel;
 
-namespace {
+namespace
+{
 
 TEST(RecordSeto, BoundsAreTestedOnlyByTheFields)
 {
@@ -52,10 +53,12 @@ TEST(RecordSeto, BoundsAreTestedOnlyByTheFields)
 TEST(RecordSeto, FillReadsEachFieldByItsOwnRule)
 {
     tesorel::testing::TestBase base;
-    base.db->execute("insert into bolsa (valor, fecha, anterior, ultimo, dif, volumen, maximo, minimo, efect) "
-                     "values (7, #03/04/24#, 10, 10.5, 5, 1500, 10.75, 9.875, 15750.5)");
-    base.db->execute("insert into bolsa (valor, fecha, anterior, ultimo, dif, volumen, maximo, minimo, efect) "
-                     "values (7, #03-01-2024#, 9.5, 10, null, 2000.75, 10, 9.5, 1.5E-07)");
+    base.db->execute(
+        "insert into bolsa (valor, fecha, anterior, ultimo, dif, volumen, maximo, minimo, efect) "
+        "values (7, #03/04/24#, 10, 10.5, 5, 1500, 10.75, 9.875, 15750.5)");
+    base.db->execute(
+        "insert into bolsa (valor, fecha, anterior, ultimo, dif, volumen, maximo, minimo, efect) "
+        "values (7, #03-01-2024#, 9.5, 10, null, 2000.75, 10, 9.5, 1.5E-07)");
     base.db->execute("insert into bolsa (valor, fecha, ultimo) values (7, null, 0.1)");
     auto rs = base.db->openRecordset("Select * from bolsa where valor = 7 order by fecha");
 
@@ -139,8 +142,9 @@ TEST(Texts, TextoNuloWritesAsTheScreenDoes)
     EXPECT_EQ(Texto_Nulo(QString("x")), "x");
 }
 
-class ErrorReporting : public ::testing::Test {
-protected:
+class ErrorReporting : public ::testing::Test
+{
+  protected:
     QTemporaryDir dir;
     ScriptedUi ui;
     Session s{ui, dir.path()};
@@ -210,7 +214,8 @@ TEST_F(ErrorReporting, AGuardedStepIsSkippedAndTheProcedureGoesOn)
 
 } // namespace
 
-namespace {
+namespace
+{
 
 // The quick readings must give what the long way through the text gives.
 TEST(Texts, QuickFieldReadingsAgreeWithTheTextRoute)

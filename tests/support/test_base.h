@@ -7,7 +7,8 @@
 #include "store/session.h"
 #include "store/ui.h"
 
-namespace tesorel::testing {
+namespace tesorel::testing
+{
 
 // A fresh base with the real schema in a temporary folder, which is also
 // the application folder of a test session.

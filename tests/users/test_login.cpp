@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 
 #include "store/database.h"
-#include "users/login.h"
 #include "store/recordset.h"
 #include "store/session.h"
 #include "store/ui.h"
 #include "support/test_base.h"
+#include "users/login.h"
 
 using namespace tesorel;
 

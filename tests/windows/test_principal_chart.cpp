@@ -79,15 +79,16 @@ TEST_F(Grafica, ZoomTabsAndMeasuring)
 
     // Measuring: press, drag and let go on the price chart.
     QWidget *precio = hijo<QWidget>(ventana.get(), "Picture1");
-    const QPoint a(precio->width() / 3, precio->height() / 2), b(precio->width() * 2 / 3, precio->height() / 3);
+    const QPoint a(precio->width() / 3, precio->height() / 2),
+        b(precio->width() * 2 / 3, precio->height() / 3);
     QMouseEvent pulsar(QEvent::MouseButtonPress, QPointF(a), precio->mapToGlobal(QPointF(a)), Qt::LeftButton,
                        Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(precio, &pulsar);
     QMouseEvent mover(QEvent::MouseMove, QPointF(b), precio->mapToGlobal(QPointF(b)), Qt::NoButton,
                       Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(precio, &mover);
-    QMouseEvent soltar(QEvent::MouseButtonRelease, QPointF(b), precio->mapToGlobal(QPointF(b)), Qt::LeftButton,
-                       Qt::NoButton, Qt::NoModifier);
+    QMouseEvent soltar(QEvent::MouseButtonRelease, QPointF(b), precio->mapToGlobal(QPointF(b)),
+                       Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
     QApplication::sendEvent(precio, &soltar);
     const InteraccionGrafica &medir = ventana->graficas().interaccion;
     EXPECT_FALSE(medir.Inicio.caption.isEmpty());

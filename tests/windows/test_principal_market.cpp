@@ -28,7 +28,6 @@ using namespace tesorel::testing;
 namespace
 {
 
-
 struct Mercado : VentanaDemo {
     QStringList dibujos; // the value on show each time the chart was asked to draw
 

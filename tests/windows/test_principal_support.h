@@ -6,14 +6,14 @@
 #include <QApplication>
 #include <QDialog>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMouseEvent>
 #include <QPointer>
-#include <QTimer>
-#include <QFile>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <deque>
 #include <memory>
 

@@ -1,4 +1,4 @@
-#include "import/texto_1252.h"
+#include "core/texto_1252.h"
 
 #include <array>
 
