@@ -56,4 +56,36 @@ void llenarEnlace(EnlaceWidget *combo, QStringList lista)
         combo->Additem(item);
 }
 
+CamposOperacion crearCamposOperacion(QWidget *padre, const QString &rotuloPrecio)
+{
+    CamposOperacion c;
+    c.capa = new QGridLayout;
+    c.Combo1 = new EnlaceWidget(padre);
+    c.Combo1->setObjectName("Combo1");
+    c.Combo2 = new EnlaceWidget(padre);
+    c.Combo2->setObjectName("Combo2");
+    c.Precio = crearCampo("Precio", padre);
+    c.Cantidad = crearCampo("Cantidad", padre);
+    c.Fecha = crearCampo("Fecha", padre);
+    c.Precio_total = crearCampo("Precio_total", padre);
+    c.Total = crearCampo("Total", padre);
+    c.capa->addWidget(new QLabel(QStringLiteral("Valor :"), padre), 0, 0);
+    c.capa->addWidget(c.Combo1, 0, 1, 1, 2);
+    c.capa->addWidget(new QLabel(QStringLiteral("Operador :"), padre), 0, 3);
+    c.capa->addWidget(c.Combo2, 0, 4);
+    c.capa->addWidget(new QLabel(rotuloPrecio, padre), 1, 0);
+    c.capa->addWidget(c.Precio, 1, 1);
+    c.capa->addWidget(new QLabel(QStringLiteral("Cantidad"), padre), 1, 2);
+    c.capa->addWidget(c.Cantidad, 1, 3);
+    c.capa->addWidget(new QLabel(QStringLiteral("Fecha"), padre), 2, 0);
+    c.capa->addWidget(c.Fecha, 2, 1);
+    c.capa->addWidget(new QLabel(QStringLiteral("Total"), padre), 2, 2);
+    c.capa->addWidget(c.Precio_total, 2, 3);
+    c.filaTotal = new QHBoxLayout;
+    c.filaTotal->addStretch();
+    c.filaTotal->addWidget(new QLabel(QStringLiteral("Total :"), padre));
+    c.filaTotal->addWidget(c.Total);
+    return c;
+}
+
 } // namespace tesorel

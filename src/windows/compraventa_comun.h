@@ -7,6 +7,7 @@
 
 class QBoxLayout;
 class QGridLayout;
+class QHBoxLayout;
 class QLabel;
 class QLineEdit;
 class QWidget;
@@ -29,6 +30,17 @@ class RejillaComisiones
   private:
     std::array<std::array<QLabel *, 5>, 5> celdas_{};
 };
+
+// The fields of the operation, laid out alike in both windows: value and
+// broker, price (captioned `rotuloPrecio`) and quantity, date and amount in
+// `capa`, and the total on a row of its own.
+struct CamposOperacion {
+    EnlaceWidget *Combo1, *Combo2;
+    QLineEdit *Precio, *Cantidad, *Fecha, *Precio_total, *Total;
+    QGridLayout *capa;
+    QHBoxLayout *filaTotal;
+};
+CamposOperacion crearCamposOperacion(QWidget *padre, const QString &rotuloPrecio);
 
 // Puts a text on a field only when it differs, so the cursor of the
 // field being typed in stays where it is.
