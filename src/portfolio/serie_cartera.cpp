@@ -80,30 +80,24 @@ QDate deDia(qint64 dia)
     return QDate::fromJulianDay(dia);
 }
 
-// Days and codes that the routine itself produces go into the statement as
-// literals of the dialect: a bound value compares without regard to case,
-// which keeps the engine off the indexes of bolsa.
-QString literal(const QDate &dia)
-{
-    return u'#' + dia.toString(QStringLiteral("MM/dd/yyyy")) + u'#';
-}
-QString literal(double numero)
-{
-    return Numero_Sql(numero);
-}
-
 // The stored dates from `desde` on, hopping along the FECHA index from one
 // day to the next.
 std::vector<qint64> fechasDesde(Database &db, const QDate &desde)
 {
-    Query q(db, "with recursive dias(d) as (select " + literal(desde) +
-                    " union all select (select min(b.FECHA) from bolsa b where b.FECHA > dias.d) from dias "
-                    "where dias.d is not null) "
-                    "select cast(julianday(d) + 0.5 as integer) from dias where d is not null");
+    Query q(db, "with recursive dias(d) as (select ?"
+                " union all select (select min(b.FECHA) from bolsa b where b.FECHA > dias.d) from dias "
+                "where dias.d is not null) "
+                "select cast(julianday(d) + 0.5 as integer) from dias where d is not null");
+    q.bind(1, desde);
     std::vector<qint64> dias;
     while (q.next())
         dias.push_back(q.whole(0));
     return dias;
+}
+
+void borrarSerie(Database &db, double codigo)
+{
+    Query(db, QStringLiteral("delete * from bolsa where (valor = ?)")).bind(1, codigo).exec();
 }
 
 } // namespace
@@ -121,7 +115,8 @@ void Generar_Serie_Cartera(Session &s, Int16 modo, const AvisosSerie &avisos)
             return;
         fechas[0] = QDate(1900, 1, 1);
         s.paso([&] {
-            Query q(db, "select max(fecha) as Maximo from bolsa where (valor = " + literal(codigo) + ")");
+            Query q(db, QStringLiteral("select max(fecha) as Maximo from bolsa where (valor = ?)"));
+            q.bind(1, codigo);
             if (q.next() && !q.isNull(0))
                 fechas[0] = q.date(0);
         });
@@ -142,14 +137,15 @@ void Generar_Serie_Cartera(Session &s, Int16 modo, const AvisosSerie &avisos)
     });
     if (!primera.isValid()) {
         if (modo == 0)
-            s.paso([&] { Query(db, "delete * from bolsa where (valor = " + literal(codigo) + ")").exec(); });
+            s.paso([&] { borrarSerie(db, codigo); });
         s.ui.MsgBox(QStringLiteral("error generando cartera"), mb::Exclamation, QStringLiteral("Atención"));
         return;
     }
     s.paso([&] {
         if (!fechas[0].isValid())
             return;
-        Query q(db, "select FECHA from bolsa where FECHA = " + literal(fechas[0]) + " limit 1");
+        Query q(db, QStringLiteral("select FECHA from bolsa where FECHA = ? limit 1"));
+        q.bind(1, fechas[0]);
         if (q.next())
             primera = fechas[0];
     });
@@ -164,9 +160,8 @@ void Generar_Serie_Cartera(Session &s, Int16 modo, const AvisosSerie &avisos)
     s.paso([&] {
         Query q(db,
                 "select cast(julianday(Fecha_operacion) + 0.5 as integer), VALOR, Cantidad, Total_operacion "
-                "from historico where usuario = " +
-                    literal(s.Usuario_Numero) + " and fecha_operacion <= " + literal(deDia(dias.back())) +
-                    " order by rowid");
+                "from historico where usuario = ? and fecha_operacion <= ? order by rowid");
+        q.bind(1, s.Usuario_Numero).bind(2, deDia(dias.back()));
         while (q.next()) {
             const qint64 dia = q.whole(0);
             const size_t k = size_t(std::lower_bound(dias.begin(), dias.end(), dia) - dias.begin());
@@ -180,16 +175,18 @@ void Generar_Serie_Cartera(Session &s, Int16 modo, const AvisosSerie &avisos)
     QHash<qint64, int> indice;
     std::vector<Cotizaciones> series;
     s.paso([&] {
-        const QString desde = literal(deDia(dias.front()));
+        const QDate desde = deDia(dias.front());
         for (const Apunte &a : apuntes) {
             const qint64 clave = qint64(a.valor);
             if (double(clave) != a.valor || indice.contains(clave))
                 continue;
             indice.insert(clave, int(series.size()));
             Cotizaciones &c = series.emplace_back();
-            Query q(db, "select " + kDiaFecha +
-                            ", ULTIMO, MAXIMO, MINIMO, VOLUMEN, rowid from bolsa where VALOR = " +
-                            QString::number(clave) + " and FECHA >= " + desde + " order by FECHA");
+            Query q(db,
+                    "select " + kDiaFecha +
+                        ", ULTIMO, MAXIMO, MINIMO, VOLUMEN, rowid from bolsa where VALOR = ? and FECHA >= ? "
+                        "order by FECHA");
+            q.bind(1, double(clave)).bind(2, desde);
             while (q.next()) {
                 const Cotizacion fila{q.whole(0),  q.whole(5),  q.number(1),
                                       q.number(2), q.number(3), q.number(4)};
@@ -267,7 +264,7 @@ void Generar_Serie_Cartera(Session &s, Int16 modo, const AvisosSerie &avisos)
     s.paso([&] {
         Transaction t(db);
         if (modo == 0)
-            Query(db, "delete * from bolsa where (valor = " + literal(codigo) + ")").exec();
+            borrarSerie(db, codigo);
         Query ins(
             db, QStringLiteral("insert into bolsa (VALOR, FECHA, ANTERIOR, ULTIMO, VOLUMEN, MAXIMO, MINIMO, "
                                "EFECT) values (?, ?, ?, ?, ?, ?, ?, ?)"));
