@@ -26,6 +26,14 @@ inline constexpr char form4[] = "form4";
 inline constexpr char NoHay[] = "NoHay";
 inline constexpr char DatosUsuario[] = "DatosUsuario";
 
+// Windows that other windows open.
+inline constexpr char ModifCartera[] = "ModifCartera";
+inline constexpr char Historico[] = "Historico";
+inline constexpr char operadoresform[] = "operadoresform";
+inline constexpr char Importar[] = "Importar";
+inline constexpr char ImportCorreo[] = "ImportCorreo";
+inline constexpr char ImportarOp[] = "ImportarOp";
+
 // The lists and their categories.
 inline constexpr char todos[] = "todos";
 inline constexpr char ibex[] = "ibex";

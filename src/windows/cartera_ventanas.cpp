@@ -4,6 +4,7 @@
 
 #include "portfolio/serie_cartera.h"
 #include "principal/comandos.h"
+#include "principal/nombres_comandos.h"
 #include "store/session.h"
 #include "windows/cartera_form.h"
 #include "windows/principal_window.h"
@@ -14,18 +15,18 @@ namespace tesorel
 void registrarVentanasCartera(PrincipalWindow &principal, Session &s, Comandos &comandos)
 {
     // The portfolio opens its sub-windows through the same commands as the main window.
-    comandos.registrar(QStringLiteral("cartera11"), [&principal, &s, &comandos] {
+    comandos.registrar(comando::cartera11, [&principal, &s, &comandos] {
         CarteraDialog ventana(
             s, [&comandos](const QString &nombre) { comandos.ejecutar(nombre); }, &principal);
         ventana.exec();
     });
-    comandos.registrar(QStringLiteral("ModifCartera"), [&principal, &s] {
+    comandos.registrar(comando::ModifCartera, [&principal, &s] {
         QWidget *encima = QApplication::activeModalWidget();
         ModifCarteraDialog ventana(s, encima ? encima : &principal);
         ventana.exec();
     });
     // Showing the portfolio's value in the main window brings its series up to date.
-    comandos.registrar(QStringLiteral("Generar_Serie_Cartera"), [&s] {
+    comandos.registrar(comando::Generar_Serie_Cartera, [&s] {
         AvisosSerie avisos;
         avisos.relojDeArena = [](bool ocupado) {
             if (ocupado)

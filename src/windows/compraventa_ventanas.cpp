@@ -3,6 +3,7 @@
 #include <QApplication>
 
 #include "principal/comandos.h"
+#include "principal/nombres_comandos.h"
 #include "store/session.h"
 #include "windows/comprar_form.h"
 #include "windows/operadores_form.h"
@@ -18,17 +19,17 @@ void registrarVentanasCompraVenta(PrincipalWindow &principal, Session &s, Comand
     // brokers' editor through its command.
     auto entorno = [&principal, &comandos] {
         return EntornoCompraVenta{[&principal] { return principal.modelo().Text1(); },
-                                  [&comandos] { comandos.ejecutar(QStringLiteral("operadoresform")); }};
+                                  [&comandos] { comandos.ejecutar(comando::operadoresform); }};
     };
-    comandos.registrar(QStringLiteral("Comprar"), [&principal, &s, entorno] {
+    comandos.registrar(comando::Comprar, [&principal, &s, entorno] {
         ComprarDialog ventana(s, entorno(), &principal);
         ventana.exec();
     });
-    comandos.registrar(QStringLiteral("Vender"), [&principal, &s, entorno] {
+    comandos.registrar(comando::Vender, [&principal, &s, entorno] {
         VenderDialog ventana(s, entorno(), &principal);
         ventana.exec();
     });
-    comandos.registrar(QStringLiteral("operadoresform"), [&principal, &s] {
+    comandos.registrar(comando::operadoresform, [&principal, &s] {
         QWidget *encima = QApplication::activeModalWidget();
         OperadoresDialog ventana(s, encima ? encima : &principal);
         ventana.exec();

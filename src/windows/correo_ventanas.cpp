@@ -3,6 +3,7 @@
 #include <QApplication>
 
 #include "principal/comandos.h"
+#include "principal/nombres_comandos.h"
 #include "store/session.h"
 #include "windows/import_correo_dialog.h"
 #include "windows/importar_op_dialog.h"
@@ -23,13 +24,13 @@ QWidget *padre(PrincipalWindow &principal)
 
 void registrarVentanasCorreo(PrincipalWindow &principal, Session &s, Comandos &comandos)
 {
-    comandos.registrar("ImportCorreo", [&principal, &s] {
+    comandos.registrar(comando::ImportCorreo, [&principal, &s] {
         ImportCorreoDialog ventana(s, padre(principal));
         ventana.exec();
     });
-    comandos.registrar("ImportarOp", [&principal, &s, &comandos] {
+    comandos.registrar(comando::ImportarOp, [&principal, &s, &comandos] {
         ImportarOpDialog ventana(
-            s, [&comandos] { comandos.ejecutar("AddEmpresa"); }, padre(principal));
+            s, [&comandos] { comandos.ejecutar(comando::AddEmpresa); }, padre(principal));
         ventana.exec();
     });
 }

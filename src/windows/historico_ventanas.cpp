@@ -4,6 +4,7 @@
 #include <QTabBar>
 
 #include "principal/comandos.h"
+#include "principal/nombres_comandos.h"
 #include "store/session.h"
 #include "windows/guarded.h"
 #include "windows/historico_form.h"
@@ -15,7 +16,7 @@ namespace tesorel
 void registrarVentanasHistorico(PrincipalWindow &principal, Session &s, Comandos &comandos)
 {
     // Opened from the portfolio window and from the main window's tabs.
-    comandos.registrar(QStringLiteral("Historico"), [&principal, &s] {
+    comandos.registrar(comando::Historico, [&principal, &s] {
         QWidget *encima = QApplication::activeModalWidget();
         HistoricoDialog ventana(s, encima ? encima : &principal);
         ventana.exec();
@@ -23,7 +24,7 @@ void registrarVentanasHistorico(PrincipalWindow &principal, Session &s, Comandos
     // A double click on the main window's tabs opens the ledger.
     if (auto *pestanas = principal.findChild<QTabBar *>(QStringLiteral("Pestañas")))
         QObject::connect(pestanas, &QTabBar::tabBarDoubleClicked, pestanas, [&s, &comandos](int) {
-            guarded(s, [&] { comandos.ejecutar(QStringLiteral("Historico")); });
+            guarded(s, [&] { comandos.ejecutar(comando::Historico); });
         });
 }
 

@@ -23,7 +23,7 @@ void registrarVentanasImportacion(PrincipalWindow &principal, Session &s, Comand
         entrada.codigo = ventana.modelo().codigoAnadido;
         return entrada.aceptada ? QVariant(entrada.codigo) : QVariant();
     });
-    comandos.registrar("Importar", [&principal, &s, &comandos] {
+    comandos.registrar(comando::Importar, [&principal, &s, &comandos] {
         ImportarDialog ventana(s, comandos, &principal);
         ventana.exec();
     });

@@ -57,9 +57,9 @@ ImportarDialog::ImportarDialog(Session &s, const Comandos &comandos, QWidget *pa
         return carpeta;
     };
     acciones.ImportCorreo = [&comandos] {
-        if (!comandos.registrado("ImportCorreo"))
+        if (!comandos.registrado(comando::ImportCorreo))
             return false;
-        comandos.ejecutar("ImportCorreo");
+        comandos.ejecutar(comando::ImportCorreo);
         return true;
     };
     acciones.DatosUsuario = [&comandos] { comandos.ejecutar(comando::DatosUsuario); };

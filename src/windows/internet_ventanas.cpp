@@ -20,7 +20,7 @@ void registrarVentanasInternet(PrincipalWindow &principal, Session &s, Comandos 
             entradaAddEmpresa(s) = entrada;
             comandos.ejecutar(comando::AddEmpresa);
         };
-        acciones.Importar = [&comandos] { comandos.ejecutar("Importar"); };
+        acciones.Importar = [&comandos] { comandos.ejecutar(comando::Importar); };
         ImportinetDialog ventana(s, FuentesCierres::leer(s.carpeta), std::move(acciones), &principal);
         ventana.exec();
     });

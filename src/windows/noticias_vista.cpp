@@ -8,6 +8,7 @@
 
 #include "online/noticias.h"
 #include "principal/comandos.h"
+#include "principal/nombres_comandos.h"
 #include "windows/guarded.h"
 
 namespace tesorel
@@ -66,7 +67,7 @@ void conectarNoticias(Session &s, Comandos &comandos, const AjustesOnline &ajust
     YahooNoticias->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     YahooNoticias->setStyleSheet(QStringLiteral("font-family: \"DejaVu Sans Mono\";"));
     QPointer<NoticiasVista> vista = new NoticiasVista(s, ajustes, Yahoono, YahooNoticias);
-    comandos.registrar("Yahoo", [vista] {
+    comandos.registrar(comando::Yahoo, [vista] {
         if (vista)
             vista->Yahoo_Click();
     });

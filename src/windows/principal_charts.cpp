@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "principal/comandos.h"
+#include "principal/nombres_comandos.h"
 #include "principal/principal.h"
 #include "store/session.h"
 #include "windows/chart_view.h"
@@ -48,16 +49,16 @@ ChartView *GraficasVentana::vista(int i, QWidget *padre)
 
 void GraficasVentana::registrar(Comandos &comandos)
 {
-    comandos.registrar("DibujarGrafica", [this] { dibujar(); });
-    comandos.registrar("QuitarVerOperaciones", [this] {
+    comandos.registrar(comando::DibujarGrafica, [this] { dibujar(); });
+    comandos.registrar(comando::QuitarVerOperaciones, [this] {
         operaciones.QuitarVerOperaciones();
         repintar();
     });
-    comandos.registrar("Lupa_Mas", [this] {
+    comandos.registrar(comando::Lupa_Mas, [this] {
         s_.paso([&] { interaccion.Lupa_Mas_Click(); });
         mostrarEtiquetas();
     });
-    comandos.registrar("Lupa_menos", [this] {
+    comandos.registrar(comando::Lupa_menos, [this] {
         s_.paso([&] { interaccion.Lupa_menos_Click(); });
         mostrarEtiquetas();
     });
