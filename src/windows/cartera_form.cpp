@@ -83,7 +83,7 @@ CarteraDialog::CarteraDialog(Session &s, std::function<void(const QString &)> ab
         h->setObjectName(kColumnas[c] + "_0");
         h->setAlignment(Qt::AlignCenter);
         h->setFixedWidth(kAnchos[c]);
-        h->setStyleSheet("background: #16325c; color: white; font-weight: bold; padding: 2px 0px;");
+        h->setStyleSheet(conPaleta("background: @marca; color: white; font-weight: bold; padding: 2px 0px;"));
         cabecera->addWidget(h, 0, c);
     }
     cabecera->setHorizontalSpacing(0);
@@ -218,7 +218,7 @@ QLabel *CarteraDialog::celda(const QString &columna, int fila)
             l->setFixedHeight(kAltoFila);
             l->setFixedWidth(kAnchos[k]);
             l->setAutoFillBackground(true);
-            l->setStyleSheet(n % 2 ? "background: #ffffff;" : "background: #eef2f7;");
+            l->setStyleSheet(n % 2 ? conPaleta("background: @blanco;") : conPaleta("background: @fondo;"));
             if (k == 3)
                 l->installEventFilter(this);
             rejilla_->addWidget(l, n - 1, k);

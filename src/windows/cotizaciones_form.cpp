@@ -52,28 +52,28 @@ QString marca(const QString &caracter)
 
 QString hoja()
 {
-    return HojaDeEstilo() + QStringLiteral(R"(
-QDialog#Cotizaciones { background: #eef2f7; }
-QFrame#Mandos, QFrame#Amplitud { background: #dde5f0; border-bottom: 1px solid #c3cfde; }
-QFrame#Mandos QPushButton { background: #ffffff; border: 1px solid #b9c7da; border-radius: 4px;
-    padding: 3px 10px; color: #16325c; }
-QFrame#Mandos QPushButton:hover { background: #e6f0ff; border-color: #5b8bd6; }
-QLabel#Dia { font-weight: bold; color: #16325c; min-width: 90px; }
-QLabel#Rango { color: #16325c; text-decoration: underline; }
-QFrame#Cabeceras { background: #16325c; }
-QFrame#Cabeceras QPushButton { background: transparent; border: none; color: #ffffff; font-weight: bold;
+    return HojaDeEstilo() + conPaleta(QStringLiteral(R"(
+QDialog#Cotizaciones { background: @fondo; }
+QFrame#Mandos, QFrame#Amplitud { background: @panel; border-bottom: 1px solid @bordePanel; }
+QFrame#Mandos QPushButton { background: @blanco; border: 1px solid @bordeBoton; border-radius: 4px;
+    padding: 3px 10px; color: @marca; }
+QFrame#Mandos QPushButton:hover { background: @resalte; border-color: @acento; }
+QLabel#Dia { font-weight: bold; color: @marca; min-width: 90px; }
+QLabel#Rango { color: @marca; text-decoration: underline; }
+QFrame#Cabeceras { background: @marca; }
+QFrame#Cabeceras QPushButton { background: transparent; border: none; color: @blanco; font-weight: bold;
     text-align: right; padding: 4px 6px; }
 QFrame#Cabeceras QPushButton#Image0_1 { text-align: left; }
-QFrame#Cabeceras QPushButton:hover { background: #24477d; }
-QWidget#Contenedor { background: #ffffff; }
+QFrame#Cabeceras QPushButton:hover { background: @marcaHover; }
+QWidget#Contenedor { background: @blanco; }
 QFrame.fila QLabel { padding: 0px 6px; font-family: "DejaVu Sans Mono"; font-size: 9pt; }
-QFrame.par { background: #eef3fa; }
-QLabel.valor { color: #16325c; }
+QFrame.par { background: @filaPar; }
+QLabel.valor { color: @marca; }
 QLabel.valor:hover { text-decoration: underline; }
-QLabel#Suben { color: #1b7a1b; font-weight: bold; }
-QLabel#Bajan { color: #b02a2a; font-weight: bold; }
-QLabel#Repiten { color: #333333; font-weight: bold; }
-)");
+QLabel#Suben { color: @sube; font-weight: bold; }
+QLabel#Bajan { color: @baja; font-weight: bold; }
+QLabel#Repiten { color: @repite; font-weight: bold; }
+)"));
 }
 
 QPushButton *crearBoton(const QString &nombre, const QString &texto, QWidget *padre)

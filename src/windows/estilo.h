@@ -13,6 +13,10 @@ QColor ColorDe(int bgr);
 // Centres a window on its screen (the old Centrar_Formulario).
 void Centrar(QWidget *ventana);
 
+// A style sheet with the palette's colours put in place of their names
+// ("color: @marca;").
+QString conPaleta(const QString &hoja);
+
 // The look of every window: DejaVu Sans, the dark blue header, light panels.
 QString HojaDeEstilo();
 

@@ -49,7 +49,7 @@ ImportCorreoDialog::ImportCorreoDialog(Session &s, QWidget *parent, std::unique_
     auto *cerrar = boton("cerrar", QStringLiteral("Cerrar"), this);
     espere_ = new QLabel(ImportCorreo::AvisoEspere, this);
     espere_->setObjectName("espere");
-    espere_->setStyleSheet("color: #8b0000; font-weight: bold;");
+    espere_->setStyleSheet(conPaleta("color: @aviso; font-weight: bold;"));
     correo_ = new QLabel(this);
     correo_->setObjectName("correo");
     txtBody_ = new QTextEdit(this);

@@ -30,7 +30,7 @@ QPushButton *enlace(const QString &nombre, const QString &texto, QWidget *padre)
     b->setFlat(true);
     b->setAutoDefault(false);
     b->setCursor(Qt::PointingHandCursor);
-    b->setStyleSheet("QPushButton { color: #16325c; text-decoration: underline; border: none; }");
+    b->setStyleSheet(conPaleta("QPushButton { color: @marca; text-decoration: underline; border: none; }"));
     return b;
 }
 QPushButton *boton(const QString &nombre, const QString &texto, QWidget *padre)
@@ -86,7 +86,7 @@ ImportarDialog::ImportarDialog(Session &s, const Comandos &comandos, QWidget *pa
     auto *capa = new QVBoxLayout(this);
     auto *cabecera = new QHBoxLayout;
     auto *titulo = new QLabel(QStringLiteral("Importación de cotizaciones"), this);
-    titulo->setStyleSheet("font-weight: bold; color: #16325c;");
+    titulo->setStyleSheet(conPaleta("font-weight: bold; color: @marca;"));
     cabecera->addWidget(titulo);
     cabecera->addStretch();
     cabecera->addWidget(Label4);

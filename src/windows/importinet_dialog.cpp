@@ -65,7 +65,7 @@ ImportinetDialog::ImportinetDialog(Session &s, FuentesCierres fuentes, Importine
 
     auto *Label2 = etiqueta("Label2", this);
     Label2->setText(Importinet::Label2);
-    Label2->setStyleSheet("font-weight: bold; color: #16325c;");
+    Label2->setStyleSheet(conPaleta("font-weight: bold; color: @marca;"));
     Label1_ = etiqueta("Label1", this);
     Label1_->setMinimumWidth(520);
     auto *barras = new QHBoxLayout;
@@ -186,7 +186,8 @@ void ImportinetDialog::mostrar()
     site_->setText(m.site);
     const bool llenas[3] = {m.sape1, m.sape2, m.sape3};
     for (int i = 0; i < 3; ++i)
-        sape_[size_t(i)]->setStyleSheet(llenas[i] ? "background: #2e7d32;" : "background: #d8dde6;");
+        sape_[size_t(i)]->setStyleSheet(llenas[i] ? conPaleta("background: @lleno;")
+                                                  : conPaleta("background: @vacio;"));
     Shape1_->setValue(m.Shape2_Width);
     QStringList dias;
     for (const auto &e : m.List1)

@@ -30,7 +30,7 @@ Form4Dialog::Form4Dialog(Session &s, std::function<void(const QString &)> ponerC
     });
 
     auto *marca = new QLabel(QStringLiteral("Tesorel"), this);
-    marca->setStyleSheet("font-size: 18pt; font-weight: bold; color: #16325c;");
+    marca->setStyleSheet(conPaleta("font-size: 18pt; font-weight: bold; color: @marca;"));
     List1_ = new QListWidget(this);
     List1_->setObjectName("List1");
     List1_->setMinimumHeight(150);
@@ -38,13 +38,14 @@ Form4Dialog::Form4Dialog(Session &s, std::function<void(const QString &)> ponerC
     Check1_ = new QCheckBox(QStringLiteral("Permitir conexión a internet"), this);
     Check1_->setObjectName("Check1");
     auto *Entrar = crearBoton("Entrar", QStringLiteral("Entrar"), this);
-    Entrar->setStyleSheet("background: #16325c; color: white; padding: 6px 18px; border-radius: 4px;");
+    Entrar->setStyleSheet(
+        conPaleta("background: @marca; color: white; padding: 6px 18px; border-radius: 4px;"));
     auto *nuevo = crearBoton("nuevo_usuario", QStringLiteral("Añadir Usuario"), this);
     auto *Label1 = crearBoton("Label1", QStringLiteral("Predeterminar Clave"), this);
     auto *PredeUser = crearBoton("PredeUser", QStringLiteral("Predeterminar Usuario"), this);
     auto *Eliminar = crearBoton("Eliminar", QStringLiteral("Eliminar"), this); // never had an action
     auto *nota = new QLabel(QStringLiteral("Resolución Recomendada : 800x600 1024x768"), this);
-    nota->setStyleSheet("color: #6b7a8d; font-size: 8pt;");
+    nota->setStyleSheet(conPaleta("color: @gris; font-size: 8pt;"));
 
     auto *capa = new QVBoxLayout(this);
     capa->addWidget(marca);
