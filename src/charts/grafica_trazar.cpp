@@ -5,6 +5,7 @@
 #include "charts/grafica.h"
 #include "charts/surface.h"
 #include "core/format.h"
+#include "core/paleta.h"
 #include "core/runtime_error.h"
 
 #include <algorithm>
@@ -19,10 +20,6 @@ using namespace chartmath;
 namespace
 {
 const QString kEtiqueta = QStringLiteral("###,###.##");
-constexpr int kRojoOscuro = 128;    // palette colour 4
-constexpr int kVerdeOscuro = 32768; // palette colour 2
-constexpr int kNegro = 0;
-constexpr double kMarcaMes = 3158064; // added to the grid colour for month marks
 
 template <typename F> void step(F &&f)
 {
@@ -123,7 +120,7 @@ void grafica::verticalMark(double i, double dx)
     step([&] {
         if (vertical_[index(i, 1, kPoints) - 1])
             surface().line(toSingle(i * dx), toSingle(yAxisMax_), toSingle(i * dx), toSingle(yAxisMin_),
-                           toLong(colorCuadricula_ + kMarcaMes));
+                           toLong(colorCuadricula_ + double(paleta::MarcaMes)));
     });
 }
 
@@ -226,10 +223,10 @@ void grafica::plotCandles(double dx)
         // Tested on point i while the candle drawn is that of point i + 1:
         // each candle wears the colour of the day before.
         int colour = 0;
-        step([&] { colour = at(8, i) > at(1, i) ? kRojoOscuro : kVerdeOscuro; });
+        step([&] { colour = at(8, i) > at(1, i) ? paleta::RojoOscuro : paleta::VerdeOscuro; });
         step([&] {
             surface().line(toSingle((i - 0.5) * dx), toSingle(at(2, i + 1)), toSingle((i - 0.5) * dx),
-                           toSingle(at(3, i + 1)), kNegro);
+                           toSingle(at(3, i + 1)), paleta::Negro);
         });
         step([&] {
             surface().filledBox(toSingle((i - 1) * dx), toSingle(at(8, i + 1)), toSingle(i * dx),

@@ -1,5 +1,7 @@
 #include "charts/price_chart.h"
 
+#include "core/paleta.h"
+
 #include "charts/checked_math.h"
 #include "charts/maximos.h"
 #include "charts/mmedia.h"
@@ -80,20 +82,19 @@ void GraficaPrincipal::DefinirGraficas(Surface *picture1, Surface *picture2, Sur
     GraficaPrecio.tipo(2);
     GraficaVolumen.tipo(2);
     GraficaIndicador.tipo(2);
-    GraficaPrecio.ColorCuadricula(6332608);
-    GraficaVolumen.ColorCuadricula(8437952);
+    GraficaPrecio.ColorCuadricula(paleta::CuadriculaPrecio);
+    GraficaVolumen.ColorCuadricula(paleta::CuadriculaVolumen);
 
-    const double colores[8] = {16719920, 1127423, 192, 6736930, 16777215, 16777215, 4504439, 14729328};
     const double gruesos[8] = {0, 0, 0, 1, 0, 0, 1, 1};
     for (int set = 1; set <= 8; ++set) {
-        GraficaPrecio.ColorLinea(set, colores[set - 1]);
+        GraficaPrecio.ColorLinea(set, paleta::LineasPrecio[set - 1]);
         GraficaPrecio.GruesoLinea(set, gruesos[set - 1]);
     }
-    GraficaVolumen.ColorLinea(1, 16724787);
-    GraficaVolumen.ColorLinea(2, 0);
-    GraficaIndicador.ColorLinea(1, kAzulOscuro);
-    GraficaIndicador.ColorLinea(2, kRojoOscuro);
-    GraficaIndicador.ColorLinea(3, 0);
+    GraficaVolumen.ColorLinea(1, paleta::BarrasVolumen);
+    GraficaVolumen.ColorLinea(2, paleta::Negro);
+    GraficaIndicador.ColorLinea(1, paleta::AzulOscuro);
+    GraficaIndicador.ColorLinea(2, paleta::RojoOscuro);
+    GraficaIndicador.ColorLinea(3, paleta::Negro);
 
     GraficaPrecio.Picture(picture1);
     GraficaVolumen.Picture(picture2);
@@ -111,9 +112,9 @@ void GraficaPrincipal::cabecera()
     etiquetas.porciento.texto = (dif > 0 ? QStringLiteral("+") : QString()) +
                                 Format(dif, QStringLiteral("#0.0")) + QStringLiteral(" %");
     if (dif > 0)
-        etiquetas.porciento.color = kAzulOscuro;
+        etiquetas.porciento.color = paleta::AzulOscuro;
     else if (dif < 0)
-        etiquetas.porciento.color = kRojoOscuro;
+        etiquetas.porciento.color = paleta::RojoOscuro;
     etiquetas.Ultimo_Cierre.texto = Format(q.Ultimo(), QStringLiteral("##0.00")) + QStringLiteral(" €");
 
     Etiqueta &p2 = etiquetas.Porciento_2;
@@ -132,9 +133,9 @@ void GraficaPrincipal::cabecera()
     const double b = divide(q.Efect(), q.Volumen());
     const double p = finite(divide(a, b) * 100 - 100);
     if (p > 0)
-        p2.color = kAzulOscuro;
+        p2.color = paleta::AzulOscuro;
     else if (p < 0)
-        p2.color = kRojoOscuro;
+        p2.color = paleta::RojoOscuro;
     p2.texto =
         (p > 0 ? QStringLiteral("+") : QString()) + Format(p, QStringLiteral("#0.00")) + QStringLiteral(" %");
 }

@@ -112,9 +112,6 @@ class GraficaPrincipal
     // Points written by the last run, the one past the window included.
     int puntosEscritos() const { return puntosEscritos_; }
 
-    static constexpr int kAzulOscuro = 8388608; // palette colour 1
-    static constexpr int kRojoOscuro = 128;     // palette colour 4
-
   private:
     void cabecera();
     int sumaVelas() const;

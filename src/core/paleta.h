@@ -15,6 +15,12 @@ inline constexpr int Verde = 0x00FF00;       // the connection light, on
 inline constexpr int Rojo = 0x0000FF;        // the connection light, off
 inline constexpr int CuadriculaPrecio = 6332608;
 inline constexpr int CuadriculaVolumen = 8437952;
+inline constexpr int MarcaMes = 3158064; // added to the grid colour for the month marks
+// The price chart's sets 1 to 8: close, high, low, first average, two unused,
+// second average, the day's mean. The ticks under the chart wear them too.
+inline constexpr int LineasPrecio[8] = {16719920, 1127423,  192,     6736930,
+                                        16777215, 16777215, 4504439, 14729328};
+inline constexpr int BarrasVolumen = 16724787;
 
 // The forms' colours, as the style sheets name them ("@marca"), in the usual
 // red-green-blue order of the sheets.

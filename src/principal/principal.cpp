@@ -2,6 +2,7 @@
 
 #include "charts/price_chart.h"
 #include "core/numbers.h"
+#include "core/paleta.h"
 #include "principal/comandos.h"
 #include "principal/nombres_comandos.h"
 #include "store/app_folder.h"
@@ -196,10 +197,10 @@ void Principal::Timer1_Timer(const QString &direccionLocal)
     Yahoo_Visible = Yahoono_Visible = YahooNoticias_Visible = s_.Hay_Conexion;
     Noticias_Visible = Incidecaption_Visible = !s_.Hay_Conexion;
     if (s_.Hay_Conexion) {
-        IndicadorOnline_BackColor = 65280;
+        IndicadorOnline_BackColor = paleta::Verde;
         LabelOnline = direccionLocal;
     } else {
-        IndicadorOnline_BackColor = 255;
+        IndicadorOnline_BackColor = paleta::Rojo;
         LabelOnline = QStringLiteral("Sin conexión");
     }
 }

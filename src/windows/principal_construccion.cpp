@@ -21,6 +21,7 @@
 #include <QTabBar>
 #include <QVBoxLayout>
 
+#include "core/paleta.h"
 #include "market/popup_menus.h"
 #include "principal/comandos.h"
 #include "principal/nombres_comandos.h"
@@ -348,12 +349,12 @@ QFrame *PrincipalWindow::construirPanelConfiguracion()
     fila->setSpacing(4);
     // The ticks wear their line's colour: the row is the chart's legend.
     const std::pair<QString, int> lineas[] = {{QString(), 0},
-                                              {QStringLiteral("Máximo"), 1127423},
-                                              {QStringLiteral("Mínimo"), 192},
-                                              {QStringLiteral("Cierre"), 16719920},
-                                              {QStringLiteral("30 días"), 6736930},
-                                              {QStringLiteral("9 días"), 4504439},
-                                              {QStringLiteral("Media dia"), 14729328}};
+                                              {QStringLiteral("Máximo"), paleta::LineasPrecio[1]},
+                                              {QStringLiteral("Mínimo"), paleta::LineasPrecio[2]},
+                                              {QStringLiteral("Cierre"), paleta::LineasPrecio[0]},
+                                              {QStringLiteral("30 días"), paleta::LineasPrecio[3]},
+                                              {QStringLiteral("9 días"), paleta::LineasPrecio[6]},
+                                              {QStringLiteral("Media dia"), paleta::LineasPrecio[7]}};
     for (int i = 1; i <= 6; ++i) {
         auto *c = new QCheckBox(lineas[i].first, panel);
         c->setObjectName(QString("Check2_%1").arg(i));

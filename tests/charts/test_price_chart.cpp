@@ -1,5 +1,6 @@
 #include "charts/quote_loader.h"
 #include "charts/split.h"
+#include "core/paleta.h"
 #include "price_chart_fixture.h"
 #include "store/quote_cursor.h"
 #include "store/recordset.h"
@@ -61,11 +62,11 @@ TEST(PriceChart, HeadLabelsFromTheLastRecord)
     f.g.DibujarGrafica();
     const EtiquetasGrafica &e = f.g.etiquetas;
     EXPECT_EQ(e.porciento.texto, QStringLiteral("-5,0 %"));
-    EXPECT_EQ(e.porciento.color, GraficaPrincipal::kRojoOscuro);
+    EXPECT_EQ(e.porciento.color, paleta::RojoOscuro);
     EXPECT_EQ(e.Ultimo_Cierre.texto, QStringLiteral("9,50 €"));
     // The average price rose from 0.02 to 0.025.
     EXPECT_EQ(e.Porciento_2.texto, QStringLiteral("+25,00 %"));
-    EXPECT_EQ(e.Porciento_2.color, GraficaPrincipal::kAzulOscuro);
+    EXPECT_EQ(e.Porciento_2.color, paleta::AzulOscuro);
     EXPECT_EQ(e.Fecha_Fin.texto, QStringLiteral("04/03/2024"));
     EXPECT_EQ(e.Titulo.texto, QStringLiteral("ACME"));
     EXPECT_TRUE(e.Etiqueta_Media.texto.isEmpty());
