@@ -24,16 +24,7 @@ ComprarDialog::ComprarDialog(Session &s, EntornoCompraVenta entorno, QWidget *pa
     setWindowTitle(QStringLiteral("Comprar"));
     setModal(true);
 
-    const CamposOperacion campos = crearCamposOperacion(this, QStringLiteral("P.Compra"));
-    Combo1_ = campos.Combo1;
-    Combo2_ = campos.Combo2;
-    Precio_ = campos.Precio;
-    Cantidad_ = campos.Cantidad;
-    Fecha_ = campos.Fecha;
-    Precio_total_ = campos.Precio_total;
-    Total_ = campos.Total;
-    QGridLayout *capa = campos.capa;
-    QHBoxLayout *filaTotal = campos.filaTotal;
+    campos_ = crearCamposOperacion(this, QStringLiteral("P.Compra"));
 
     auto *Aceptar = crearBoton("Aceptar", QStringLiteral("Aceptar"), this);
     auto *Label11 = crearBoton("Label11", QStringLiteral("Aceptar"), this);
@@ -50,9 +41,9 @@ ComprarDialog::ComprarDialog(Session &s, EntornoCompraVenta entorno, QWidget *pa
     botones->addWidget(Label9);
     botones->addWidget(Label8);
     auto *todo = new QVBoxLayout(this);
-    todo->addLayout(capa);
+    todo->addLayout(campos_.capa);
     lineas_ = std::make_unique<RejillaComisiones>(this, todo);
-    todo->addLayout(filaTotal);
+    todo->addLayout(campos_.filaTotal);
     todo->addLayout(botones);
 
     eventos_.alPulsar(Aceptar, [this] { modelo_.Aceptar_Click(); });
@@ -60,49 +51,27 @@ ComprarDialog::ComprarDialog(Session &s, EntornoCompraVenta entorno, QWidget *pa
     eventos_.alPulsar(Label8, [this] { modelo_.Cancelar_Click(); });
     eventos_.alPulsar(Label9, [this] { modelo_.Cancelar_Click(); });
     eventos_.alPulsar(Editar, [this] { modelo_.EditarOperadores_Click(); });
-    connect(Precio_, &QLineEdit::textEdited, this,
-            [this](const QString &t) { eventos_([&] { modelo_.setPrecio(t); }); });
-    connect(Cantidad_, &QLineEdit::textEdited, this,
-            [this](const QString &t) { eventos_([&] { modelo_.setCantidad(t); }); });
-    connect(Precio_total_, &QLineEdit::textEdited, this,
-            [this](const QString &t) { eventos_([&] { modelo_.setPrecio_total(t); }); });
-    connect(Total_, &QLineEdit::textEdited, this,
-            [this](const QString &t) { eventos_([&] { modelo_.setTotal(t); }); });
-    connect(Combo2_, &EnlaceWidget::evento2, this,
-            [this] { eventos_([this] { modelo_.Combo2_Evento(2); }); });
+    conectarCampos(this, campos_, modelo_, eventos_);
     // The quantity's text is selected whole when it gets the focus.
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *ahora) {
-        if (ahora == Cantidad_)
-            QTimer::singleShot(0, Cantidad_, &QLineEdit::selectAll);
+        if (ahora == campos_.Cantidad)
+            QTimer::singleShot(0, campos_.Cantidad, &QLineEdit::selectAll);
     });
 
     guarded(s_, [this] { modelo_.Form_Load(); });
-    llenarEnlace(Combo1_, modelo_.Combo1_Lista);
-    llenarEnlace(Combo2_, modelo_.Combo2_Lista);
-    eventos_.mostrar();
+    cargarCampos(campos_, modelo_, eventos_);
 }
 
 ComprarDialog::~ComprarDialog() = default;
 
 void ComprarDialog::copiar()
 {
-    modelo_.Combo1 = Combo1_->Text();
-    modelo_.Combo2 = Combo2_->Text();
-    modelo_.Fecha = Fecha_->text();
+    copiarCampos(campos_, modelo_);
 }
 
 void ComprarDialog::mostrar()
 {
-    Combo1_->setText(modelo_.Combo1);
-    Combo2_->setText(modelo_.Combo2);
-    ponerTexto(Precio_, modelo_.Precio());
-    ponerTexto(Cantidad_, modelo_.Cantidad());
-    ponerTexto(Fecha_, modelo_.Fecha);
-    ponerTexto(Precio_total_, modelo_.Precio_total());
-    ponerTexto(Total_, modelo_.Total());
-    lineas_->pintar(modelo_.lineas);
-    if (modelo_.Cerrada)
-        QTimer::singleShot(0, this, &QDialog::accept);
+    mostrarCampos(this, campos_, modelo_, *lineas_);
 }
 
 } // namespace tesorel

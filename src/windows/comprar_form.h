@@ -2,6 +2,7 @@
 #include <QDialog>
 
 #include "portfolio/comprar.h"
+#include "windows/compraventa_comun.h"
 #include "windows/formulario.h"
 
 class QLineEdit;
@@ -28,8 +29,7 @@ class ComprarDialog : public QDialog
     Session &s_;
     Comprar modelo_;
     EventosDeFormulario eventos_;
-    EnlaceWidget *Combo1_, *Combo2_;
-    QLineEdit *Precio_, *Cantidad_, *Fecha_, *Precio_total_, *Total_;
+    CamposOperacion campos_;
     std::unique_ptr<RejillaComisiones> lineas_;
 };
 

@@ -30,16 +30,7 @@ VenderDialog::VenderDialog(Session &s, EntornoCompraVenta entorno, QWidget *pare
     setWindowTitle(QStringLiteral("Vender"));
     setModal(true);
 
-    const CamposOperacion campos = crearCamposOperacion(this, QStringLiteral("P.Venta"));
-    Combo1_ = campos.Combo1;
-    Combo2_ = campos.Combo2;
-    Precio_ = campos.Precio;
-    Cantidad_ = campos.Cantidad;
-    Fecha_ = campos.Fecha;
-    Precio_total_ = campos.Precio_total;
-    Total_ = campos.Total;
-    QGridLayout *capa = campos.capa;
-    QHBoxLayout *filaTotal = campos.filaTotal;
+    campos_ = crearCamposOperacion(this, QStringLiteral("P.Venta"));
 
     auto *Label3 = crearBoton("Label3", QStringLiteral("Aceptar"), this);
     auto *Label11 = crearBoton("Label11", QStringLiteral("Aceptar"), this);
@@ -84,9 +75,9 @@ VenderDialog::VenderDialog(Session &s, EntornoCompraVenta entorno, QWidget *pare
     panel_->hide();
 
     auto *todo = new QVBoxLayout(this);
-    todo->addLayout(capa);
+    todo->addLayout(campos_.capa);
     lineas_ = std::make_unique<RejillaComisiones>(this, todo);
-    todo->addLayout(filaTotal);
+    todo->addLayout(campos_.filaTotal);
     todo->addLayout(botones);
     todo->addWidget(panel_);
 
@@ -97,44 +88,24 @@ VenderDialog::VenderDialog(Session &s, EntornoCompraVenta entorno, QWidget *pare
     eventos_.alPulsar(Editar, [this] { modelo_.EditarOperadores_Click(); });
     eventos_.alPulsar(Mostrar, [this] { modelo_.Mostrar_Click(); });
     eventos_.alPulsar(Label18, [this] { modelo_.Label18_Click(); });
-    connect(Precio_, &QLineEdit::textEdited, this,
-            [this](const QString &t) { eventos_([&] { modelo_.setPrecio(t); }); });
-    connect(Cantidad_, &QLineEdit::textEdited, this,
-            [this](const QString &t) { eventos_([&] { modelo_.setCantidad(t); }); });
-    connect(Precio_total_, &QLineEdit::textEdited, this,
-            [this](const QString &t) { eventos_([&] { modelo_.setPrecio_total(t); }); });
-    connect(Total_, &QLineEdit::textEdited, this,
-            [this](const QString &t) { eventos_([&] { modelo_.setTotal(t); }); });
-    connect(Combo1_, &EnlaceWidget::evento1, this,
+    conectarCampos(this, campos_, modelo_, eventos_);
+    connect(campos_.Combo1, &EnlaceWidget::evento1, this,
             [this] { eventos_([this] { modelo_.Combo1_Evento(1); }); });
-    connect(Combo2_, &EnlaceWidget::evento2, this,
-            [this] { eventos_([this] { modelo_.Combo2_Evento(2); }); });
 
     guarded(s_, [this] { modelo_.Form_Load(); });
-    llenarEnlace(Combo1_, modelo_.Combo1_Lista);
-    llenarEnlace(Combo2_, modelo_.Combo2_Lista);
-    eventos_.mostrar();
+    cargarCampos(campos_, modelo_, eventos_);
 }
 
 VenderDialog::~VenderDialog() = default;
 
 void VenderDialog::copiar()
 {
-    modelo_.Combo1 = Combo1_->Text();
-    modelo_.Combo2 = Combo2_->Text();
-    modelo_.Fecha = Fecha_->text();
+    copiarCampos(campos_, modelo_);
 }
 
 void VenderDialog::mostrar()
 {
-    Combo1_->setText(modelo_.Combo1);
-    Combo2_->setText(modelo_.Combo2);
-    ponerTexto(Precio_, modelo_.Precio());
-    ponerTexto(Cantidad_, modelo_.Cantidad());
-    ponerTexto(Fecha_, modelo_.Fecha);
-    ponerTexto(Precio_total_, modelo_.Precio_total());
-    ponerTexto(Total_, modelo_.Total());
-    lineas_->pintar(modelo_.lineas);
+    mostrarCampos(this, campos_, modelo_, *lineas_);
     for (size_t f = 0; f <= PanelLotes::kLotes; ++f) {
         const PanelLotes::Celdas &c = modelo_.panel.celdas[f];
         const QString textos[] = {c.FechaCompra, c.CantidadCompra, c.PrecioCompra, c.TotalCompra,
@@ -146,8 +117,6 @@ void VenderDialog::mostrar()
         panel_->show();
         adjustSize();
     }
-    if (modelo_.Cerrada)
-        QTimer::singleShot(0, this, &QDialog::accept);
 }
 
 } // namespace tesorel

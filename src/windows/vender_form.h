@@ -3,6 +3,7 @@
 #include <array>
 
 #include "portfolio/vender.h"
+#include "windows/compraventa_comun.h"
 #include "windows/formulario.h"
 
 class QLabel;
@@ -31,8 +32,7 @@ class VenderDialog : public QDialog
     Session &s_;
     Vender modelo_;
     EventosDeFormulario eventos_;
-    EnlaceWidget *Combo1_, *Combo2_;
-    QLineEdit *Precio_, *Cantidad_, *Fecha_, *Precio_total_, *Total_;
+    CamposOperacion campos_;
     std::unique_ptr<RejillaComisiones> lineas_;
     QWidget *panel_;
     std::array<std::array<QLabel *, 7>, PanelLotes::kLotes + 1> celdas_{};

@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <algorithm>
 
 #include "core/numbers.h"
 #include "store/database.h"
@@ -77,6 +78,34 @@ TEST_F(CarteraVentana, ShowingThePortfolioValueBringsItsSeriesUpToDate)
     ventana->modelo().setText1("CARTERA");
     ventana->modelo().setText1("CARTERA demo");
     EXPECT_EQ(filas(), hechas + 1) << "the last day once more, then nothing";
+}
+
+TEST_F(CarteraVentana, BooksAPurchaseThroughItsBuyButton)
+{
+    s->hoyFijo = QDate(2026, 11, 23);
+    Guion guion;
+    std::vector<double> antes, despues;
+    guion.luego("cartera11", [&](QWidget *w) {
+        antes = columna(w, "Titulos");
+        hijo<QPushButton>(w, "Command1_1")->click();
+        despues = columna(w, "Titulos");
+        qobject_cast<QDialog *>(w)->reject();
+    });
+    guion.luego("Comprar", [&](QWidget *w) {
+        elegirEnCombo(w, "Combo1", "ACERINOX");
+        elegirEnCombo(w, "Combo2", "Bankinter");
+        escribir(hijo<QLineEdit>(w, "Precio"), "10");
+        escribir(hijo<QLineEdit>(w, "Cantidad"), "40");
+        hijo<QPushButton>(w, "Aceptar")->click();
+    });
+    hijo<QPushButton>(ventana.get(), "bCartera")->click();
+    ASSERT_TRUE(guion.terminado()) << guion.vistas.join(",").toStdString();
+    ASSERT_EQ(antes.size(), 5u);
+    ASSERT_EQ(despues.size(), 6u) << "the window is rebuilt with the new position";
+    EXPECT_EQ(std::count(despues.begin(), despues.end(), 40.0), 1);
+    Query q(*s->Base_Datos, "select count(*) from historico where usuario = 1 and cantidad = 40");
+    ASSERT_TRUE(q.next());
+    EXPECT_EQ(q.whole(0), 1) << "booked in the ledger";
 }
 
 } // namespace

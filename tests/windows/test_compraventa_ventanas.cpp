@@ -14,33 +14,6 @@ using namespace tesorel::testing;
 namespace
 {
 
-// Types a text key by key, as a person does.
-void escribir(QLineEdit *campo, const QString &texto)
-{
-    campo->setFocus();
-    for (QChar c : texto) {
-        QKeyEvent pulsar(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
-        QApplication::sendEvent(campo, &pulsar);
-    }
-}
-
-// Opens the combo's list with its arrow and clicks the entry.
-void elegirEnCombo(QWidget *ventana, const QString &combo, const QString &entrada)
-{
-    auto *c = hijo<EnlaceWidget>(ventana, combo);
-    hijo<QToolButton>(c, "Flecha")->click();
-    // The open list hangs from the window, over the controls below the combo.
-    QListWidget *lista = nullptr;
-    for (auto *l : ventana->findChildren<QListWidget *>("List1"))
-        if (l->isVisible())
-            lista = l;
-    ASSERT_NE(lista, nullptr);
-    const auto items = lista->findItems(entrada, Qt::MatchExactly);
-    ASSERT_FALSE(items.isEmpty()) << entrada.toStdString();
-    lista->setCurrentItem(items.first());
-    emit lista->itemClicked(items.first());
-}
-
 double numero(Session &s, const QString &sql)
 {
     Query q(*s.Base_Datos, sql);

@@ -14,12 +14,14 @@
 #include <QPointer>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QToolButton>
 #include <deque>
 #include <memory>
 
 #include "principal/comandos.h"
 #include "store/session.h"
 #include "store/ui.h"
+#include "windows/enlace_widget.h"
 #include "windows/principal_window.h"
 #include <functional>
 
@@ -174,5 +176,32 @@ struct VentanaDemo : ::testing::Test {
         clic(l->viewport(), Qt::LeftButton, l->visualItemRect(items.first()).center());
     }
 };
+
+// Types a text key by key, as a person does.
+inline void escribir(QLineEdit *campo, const QString &texto)
+{
+    campo->setFocus();
+    for (QChar c : texto) {
+        QKeyEvent pulsar(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
+        QApplication::sendEvent(campo, &pulsar);
+    }
+}
+
+// Opens the combo's list with its arrow and clicks the entry.
+inline void elegirEnCombo(QWidget *ventana, const QString &combo, const QString &entrada)
+{
+    auto *c = hijo<EnlaceWidget>(ventana, combo);
+    hijo<QToolButton>(c, "Flecha")->click();
+    // The open list hangs from the window, over the controls below the combo.
+    QListWidget *lista = nullptr;
+    for (auto *l : ventana->findChildren<QListWidget *>("List1"))
+        if (l->isVisible())
+            lista = l;
+    ASSERT_NE(lista, nullptr);
+    const auto items = lista->findItems(entrada, Qt::MatchExactly);
+    ASSERT_FALSE(items.isEmpty()) << entrada.toStdString();
+    lista->setCurrentItem(items.first());
+    emit lista->itemClicked(items.first());
+}
 
 } // namespace tesorel::testing
