@@ -16,6 +16,7 @@
 #include <QVBoxLayout>
 
 #include "windows/estilo.h"
+#include "windows/formulario.h"
 #include "windows/guarded.h"
 
 namespace tesorel
@@ -30,13 +31,6 @@ constexpr int kAltoFila = 22;
 // Headings and cells share one width a column, so that they line up.
 constexpr int kAnchos[] = {120, 45, 65, 110, 80, 130, 65, 125, 100, 90, 80};
 
-QPushButton *boton(const QString &nombre, const QString &texto, QWidget *padre)
-{
-    auto *b = new QPushButton(texto, padre);
-    b->setObjectName(nombre);
-    b->setAutoDefault(false);
-    return b;
-}
 QLabel *etiqueta(const QString &nombre, QWidget *padre,
                  Qt::Alignment alineado = Qt::AlignRight | Qt::AlignVCenter)
 {
@@ -167,15 +161,15 @@ CarteraDialog::CarteraDialog(Session &s, std::function<void(const QString &)> ab
     const QStringList leyendas{" Modificar Cartera ",        " Comprar  ", " Vender ",
                                " Histórico de operaciones ", "Dividendos", "Importar Op."};
     for (int i = 0; i < leyendas.size(); ++i) {
-        auto *b = boton(QString("Command1_%1").arg(i), leyendas[i], this);
+        auto *b = crearBoton(QString("Command1_%1").arg(i), leyendas[i], this);
         connect(b, &QPushButton::clicked, this,
                 [this, i] { alPulsar([this, i] { modelo_->Command1_Click(i); }); });
         botones->addWidget(b);
     }
-    auto *Importa = boton("Importa", QStringLiteral("Importar OP"), this);
+    auto *Importa = crearBoton("Importa", QStringLiteral("Importar OP"), this);
     connect(Importa, &QPushButton::clicked, this, [this] { alPulsar([this] { modelo_->Importa_Click(); }); });
     botones->addWidget(Importa);
-    auto *html = boton("html", QStringLiteral("Informe HTML"), this);
+    auto *html = crearBoton("html", QStringLiteral("Informe HTML"), this);
     html->setFlat(true);
     connect(html, &QPushButton::clicked, this, [this] { alPulsar([this] { modelo_->html_Click(); }); });
     botones->addWidget(html);
@@ -308,7 +302,7 @@ ModifCarteraDialog::ModifCarteraDialog(Session &s, QWidget *parent) : QDialog(pa
                                                         {"Aceptar", QStringLiteral("Aceptar")},
                                                         {"Cancelar", QStringLiteral("Cancelar")}};
     for (const auto &[nombre, texto] : botones) {
-        auto *b = boton(nombre, texto, this);
+        auto *b = crearBoton(nombre, texto, this);
         fila->addWidget(b);
         const QString n = nombre;
         connect(b, &QPushButton::clicked, this, [this, n] {

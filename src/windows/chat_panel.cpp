@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include "store/session.h"
+#include "windows/formulario.h"
 #include "windows/guarded.h"
 
 namespace tesorel
@@ -19,12 +20,6 @@ namespace tesorel
 
 namespace
 {
-QLineEdit *campo(const QString &nombre, QWidget *padre)
-{
-    auto *e = new QLineEdit(padre);
-    e->setObjectName(nombre);
-    return e;
-}
 
 // The transcript keeps the line ends the chat has always written; on the
 // screen a carriage return alone also starts a line.
@@ -52,9 +47,9 @@ ChatPanel::ChatPanel(Session &s, const AjustesOnline &ajustes, std::function<QSt
     EntradaChat_->setObjectName("EntradaChat");
     auto *entrada = new QHBoxLayout(EntradaChat_);
     entrada->setContentsMargins(0, 0, 0, 0);
-    Nickchat_ = campo("Nickchat", EntradaChat_);
-    EmailChat_ = campo("EmailChat", EntradaChat_);
-    PaswordChat_ = campo("PaswordChat", EntradaChat_);
+    Nickchat_ = crearCampo("Nickchat", EntradaChat_);
+    EmailChat_ = crearCampo("EmailChat", EntradaChat_);
+    PaswordChat_ = crearCampo("PaswordChat", EntradaChat_);
     PaswordChat_->setEchoMode(QLineEdit::Password);
     EntrarAlChat_ = new QPushButton(QStringLiteral("Entrar"), EntradaChat_);
     EntrarAlChat_->setObjectName("EntrarAlChat");
@@ -72,7 +67,7 @@ ChatPanel::ChatPanel(Session &s, const AjustesOnline &ajustes, std::function<QSt
     Chat_ = new QPlainTextEdit(this);
     Chat_->setObjectName("Chat");
     Chat_->setReadOnly(true);
-    Charla_ = campo("Charla", this);
+    Charla_ = crearCampo("Charla", this);
     Charla_->installEventFilter(this);
     izquierda->addWidget(Chat_, 1);
     izquierda->addWidget(Charla_);

@@ -20,6 +20,7 @@
 #include <iterator>
 
 #include "windows/estilo.h"
+#include "windows/formulario.h"
 #include "windows/guarded.h"
 
 namespace tesorel
@@ -74,22 +75,6 @@ QLabel#Suben { color: @sube; font-weight: bold; }
 QLabel#Bajan { color: @baja; font-weight: bold; }
 QLabel#Repiten { color: @repite; font-weight: bold; }
 )"));
-}
-
-QPushButton *crearBoton(const QString &nombre, const QString &texto, QWidget *padre)
-{
-    auto *b = new QPushButton(texto, padre);
-    b->setObjectName(nombre);
-    b->setAutoDefault(false);
-    b->setCursor(Qt::PointingHandCursor);
-    return b;
-}
-
-QLabel *crearEtiqueta(const QString &nombre, const QString &texto, QWidget *padre)
-{
-    auto *l = new QLabel(texto, padre);
-    l->setObjectName(nombre);
-    return l;
 }
 
 QHBoxLayout *filaSinMargen(QWidget *padre)

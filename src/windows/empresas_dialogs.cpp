@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "windows/estilo.h"
+#include "windows/formulario.h"
 #include "windows/guarded.h"
 
 namespace tesorel
@@ -15,13 +16,6 @@ namespace tesorel
 
 namespace
 {
-QPushButton *boton(const QString &nombre, const QString &texto, QWidget *padre)
-{
-    auto *b = new QPushButton(texto, padre);
-    b->setObjectName(nombre);
-    b->setAutoDefault(false);
-    return b;
-}
 
 // A field whose typing turns into capitals, keeping the cursor where it was.
 QLineEdit *campo(const QString &nombre, const QString &texto, bool mayusculas, QWidget *padre)
@@ -53,8 +47,8 @@ AddEmpresaDialog::AddEmpresaDialog(Session &s, const AltaDeEmpresa &entrada, QWi
     formulario->addRow(QStringLiteral(" EMPRESA (11)"), ABREVIATURA11_);
     formulario->addRow(QStringLiteral(" TICKER"), ABREVIATURA3_);
     formulario->addRow(QStringLiteral("  Enlace a Invertía"), Invertia_);
-    auto *Aceptar = boton("Aceptar", QStringLiteral("Aceptar"), this);
-    auto *Cancelar = boton("Cancelar", QStringLiteral("Cancelar"), this);
+    auto *Aceptar = crearBoton("Aceptar", QStringLiteral("Aceptar"), this);
+    auto *Cancelar = crearBoton("Cancelar", QStringLiteral("Cancelar"), this);
     auto *botones = new QHBoxLayout;
     botones->addStretch();
     botones->addWidget(Aceptar);
@@ -92,7 +86,7 @@ DepuraCotizaDialog::DepuraCotizaDialog(Session &s, QWidget *parent) : QDialog(pa
     setObjectName("DepuraCotiza");
     setWindowTitle(QStringLiteral("Depurar tabla empresas"));
     setModal(true);
-    auto *Depurar = boton("Depurar", QStringLiteral("Depurar tabla empresas"), this);
+    auto *Depurar = crearBoton("Depurar", QStringLiteral("Depurar tabla empresas"), this);
     List1_ = new QListWidget(this);
     List1_->setObjectName("List1");
     List2_ = new QListWidget(this);

@@ -11,27 +11,11 @@
 #include "import/import_correo.h"
 #include "import/winsock.h"
 #include "windows/estilo.h"
+#include "windows/formulario.h"
 #include "windows/guarded.h"
 
 namespace tesorel
 {
-
-namespace
-{
-QLineEdit *caja(const char *nombre, QWidget *padre)
-{
-    auto *e = new QLineEdit(padre);
-    e->setObjectName(QString::fromLatin1(nombre));
-    return e;
-}
-QPushButton *boton(const char *nombre, const QString &texto, QWidget *padre)
-{
-    auto *b = new QPushButton(texto, padre);
-    b->setObjectName(QString::fromLatin1(nombre));
-    b->setAutoDefault(false);
-    return b;
-}
-} // namespace
 
 ImportCorreoDialog::ImportCorreoDialog(Session &s, QWidget *parent, std::unique_ptr<Winsock> socket)
     : QDialog(parent), s_(s)
@@ -41,12 +25,12 @@ ImportCorreoDialog::ImportCorreoDialog(Session &s, QWidget *parent, std::unique_
     setModal(true);
     modelo_ = std::make_unique<ImportCorreo>(s, socket ? std::move(socket) : crearWinsockTcp());
 
-    txtHost_ = caja("txtHost", this);
-    txtUserName_ = caja("txtUserName", this);
-    txtPassword_ = caja("txtPassword", this);
+    txtHost_ = crearCampo("txtHost", this);
+    txtUserName_ = crearCampo("txtUserName", this);
+    txtPassword_ = crearCampo("txtPassword", this);
     txtPassword_->setEchoMode(QLineEdit::Password);
-    auto *cmdCheckMail = boton("cmdCheckMail", QStringLiteral("Comprobar"), this);
-    auto *cerrar = boton("cerrar", QStringLiteral("Cerrar"), this);
+    auto *cmdCheckMail = crearBoton("cmdCheckMail", QStringLiteral("Comprobar"), this);
+    auto *cerrar = crearBoton("cerrar", QStringLiteral("Cerrar"), this);
     espere_ = new QLabel(ImportCorreo::AvisoEspere, this);
     espere_->setObjectName("espere");
     espere_->setStyleSheet(conPaleta("color: @aviso; font-weight: bold;"));

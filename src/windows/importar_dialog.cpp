@@ -15,6 +15,7 @@
 #include "principal/nombres_comandos.h"
 #include "store/session.h"
 #include "windows/estilo.h"
+#include "windows/formulario.h"
 #include "windows/guarded.h"
 
 namespace tesorel
@@ -31,13 +32,6 @@ QPushButton *enlace(const QString &nombre, const QString &texto, QWidget *padre)
     b->setAutoDefault(false);
     b->setCursor(Qt::PointingHandCursor);
     b->setStyleSheet(conPaleta("QPushButton { color: @marca; text-decoration: underline; border: none; }"));
-    return b;
-}
-QPushButton *boton(const QString &nombre, const QString &texto, QWidget *padre)
-{
-    auto *b = new QPushButton(texto, padre);
-    b->setObjectName(nombre);
-    b->setAutoDefault(false);
     return b;
 }
 } // namespace
@@ -111,8 +105,8 @@ ImportarDialog::ImportarDialog(Session &s, const Comandos &comandos, QWidget *pa
     capa->addWidget(progreso_);
     auto *botones = new QHBoxLayout;
     botones->addStretch();
-    auto *Aceptar1 = boton("Aceptar1", QStringLiteral("Aceptar"), this);
-    auto *Cancelar = boton("Cancelar", QStringLiteral("Cancelar"), this);
+    auto *Aceptar1 = crearBoton("Aceptar1", QStringLiteral("Aceptar"), this);
+    auto *Cancelar = crearBoton("Cancelar", QStringLiteral("Cancelar"), this);
     botones->addWidget(Aceptar1);
     botones->addWidget(Cancelar);
     capa->addLayout(botones);

@@ -14,6 +14,7 @@
 #include <QVBoxLayout>
 
 #include "windows/estilo.h"
+#include "windows/formulario.h"
 #include "windows/guarded.h"
 
 namespace tesorel
@@ -21,13 +22,6 @@ namespace tesorel
 
 namespace
 {
-QPushButton *boton(const char *nombre, const QString &texto, QWidget *padre)
-{
-    auto *b = new QPushButton(texto, padre);
-    b->setObjectName(QString::fromLatin1(nombre));
-    b->setAutoDefault(false);
-    return b;
-}
 QComboBox *combo(const char *nombre, QWidget *padre)
 {
     auto *c = new QComboBox(padre);
@@ -48,24 +42,24 @@ ImportarOpDialog::ImportarOpDialog(Session &s, std::function<void()> addEmpresa,
     setModal(true);
     Text1_ = new QLineEdit(this);
     Text1_->setObjectName("Text1");
-    auto *Label2 = boton("Label2", QStringLiteral("FICHEROS SCL Y PANTALLAZOS TXT"), this);
+    auto *Label2 = crearBoton("Label2", QStringLiteral("FICHEROS SCL Y PANTALLAZOS TXT"), this);
     Label2->setFlat(true);
-    auto *Command1 = boton("Command1", QStringLiteral("Examinar"), this);
-    Command2_ = boton("Command2", QStringLiteral("Proceder"), this);
-    Command3_ = boton("Command3", QStringLiteral("Confirmar"), this);
+    auto *Command1 = crearBoton("Command1", QStringLiteral("Examinar"), this);
+    Command2_ = crearBoton("Command2", QStringLiteral("Proceder"), this);
+    Command3_ = crearBoton("Command3", QStringLiteral("Confirmar"), this);
     ImportarOp_ = new QCheckBox(QStringLiteral("Importar operaciones"), this);
     ImportarOp_->setObjectName("ImportarOp");
     Guardar_ = new QCheckBox(QStringLiteral("Guardar código"), this);
     Guardar_->setObjectName("Guardar");
     Combo1_ = combo("Combo1", this);
     Combo2_ = combo("Combo2", this);
-    auto *AddEmpresa = boton("AddEmpresa", QStringLiteral("Añadir Empresa"), this);
+    auto *AddEmpresa = crearBoton("AddEmpresa", QStringLiteral("Añadir Empresa"), this);
     Valor_ = new QLabel(this);
     Valor_->setObjectName("Valor");
     Text2_ = new QPlainTextEdit(this);
     Text2_->setObjectName("Text2");
     Text2_->setReadOnly(true);
-    auto *Salir = boton("Salir", QStringLiteral("Salir"), this);
+    auto *Salir = crearBoton("Salir", QStringLiteral("Salir"), this);
     rejilla_ = new QTableWidget(0, 6, this);
     rejilla_->setObjectName("rejilla");
     rejilla_->setHorizontalHeaderLabels({QStringLiteral("Fecha"), QStringLiteral("Operación"),

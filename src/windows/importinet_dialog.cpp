@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include "windows/estilo.h"
+#include "windows/formulario.h"
 #include "windows/guarded.h"
 
 namespace tesorel
@@ -19,13 +20,6 @@ namespace tesorel
 
 namespace
 {
-QPushButton *boton(const QString &nombre, const QString &texto, QWidget *padre)
-{
-    auto *b = new QPushButton(texto, padre);
-    b->setObjectName(nombre);
-    b->setAutoDefault(false);
-    return b;
-}
 QLabel *etiqueta(const QString &nombre, QWidget *padre)
 {
     auto *l = new QLabel(padre);
@@ -94,7 +88,7 @@ ImportinetDialog::ImportinetDialog(Session &s, FuentesCierres fuentes, Importine
     FechaIn_->setObjectName("FechaIn");
     FechaFin_ = new QLineEdit(Manual_);
     FechaFin_->setObjectName("FechaFin");
-    auto *Command2 = boton("Command2", QStringLiteral("Importar fechas"), Manual_);
+    auto *Command2 = crearBoton("Command2", QStringLiteral("Importar fechas"), Manual_);
     auto *Label3 = etiqueta("Label3", Manual_);
     Label3->setText(QStringLiteral("Importación manual"));
     auto *manual = new QFormLayout(Manual_);
@@ -118,11 +112,11 @@ ImportinetDialog::ImportinetDialog(Session &s, FuentesCierres fuentes, Importine
         listas->addLayout(columna);
     }
 
-    auto *Label4 = boton("Label4", QStringLiteral("Ver detalles"), this);
+    auto *Label4 = crearBoton("Label4", QStringLiteral("Ver detalles"), this);
     Label4->setFlat(true);
     Label4->setCursor(Qt::PointingHandCursor);
-    Importar_ = boton("Importar", QStringLiteral("Importar ficheros..."), this);
-    Command1_ = boton("Command1", Importinet::Cancelar, this);
+    Importar_ = crearBoton("Importar", QStringLiteral("Importar ficheros..."), this);
+    Command1_ = crearBoton("Command1", Importinet::Cancelar, this);
     auto *pie = new QHBoxLayout;
     pie->addWidget(Label4);
     pie->addStretch();
