@@ -56,10 +56,15 @@ void Beneficio::Venta(const QDate &, double Cuantas, Currency, Currency Total)
     // Each part is valued anew at the sale's average net price, so the
     // sale's commission is spread over the lots by shares.
     const double n = lotes_.Count();
-    for (double i = 1; i <= n; ++i) {
+    for (double i = primeroAbierto_; i <= n; ++i) {
         op_ &lote = *lotes_.Item(i);
-        if ((lote.Compradas - lote.Vendidas).value() <= 0)
+        if ((lote.Compradas - lote.Vendidas).value() <= 0) {
+            // Used up for good: Vendidas only grows and Normalizar keeps
+            // the difference, so later sales start past it.
+            if (i == primeroAbierto_)
+                primeroAbierto_ = i + 1;
             continue;
+        }
         // The whole lot is compared, not what is left of it: a lot partly
         // sold can take more than it has.
         if (double(lote.Compradas) - resto > 0) {
@@ -111,7 +116,7 @@ void Beneficio::Normalizar()
     }
 }
 
-std::shared_ptr<op_> Beneficio::Operaciones()
+std::shared_ptr<const op_> Beneficio::Operaciones()
 {
     for (;;) {
         contador_ += Int16(1);

@@ -50,13 +50,15 @@ class Beneficio
     op_ Total() const;
     void Normalizar();
     // The next lot with shares, or a new op_ with Vacio = op_::Marca.
-    std::shared_ptr<op_> Operaciones();
+    // Read-only: a sale skips the lots it has found used up.
+    std::shared_ptr<const op_> Operaciones();
 
     int lotes() const { return int(lotes_.Count()); }
 
   private:
     Int16 contador_;
     Coleccion<op_> lotes_;
+    double primeroAbierto_ = 1; // lots before it have no shares left to sell
 };
 
 } // namespace tesorel

@@ -61,7 +61,7 @@ void Recalcular_Lotes(Session &s, double valor, const VentaEnCurso &venta, Panel
     panel.hayTotal = false;
     int fila = 0;
     for (; fila < PanelLotes::kLotes; ++fila) {
-        const std::shared_ptr<op_> lote = b.Operaciones();
+        const std::shared_ptr<const op_> lote = b.Operaciones();
         if (lote->Vacio > 0)
             break;
         panel.lotes.push_back(filaDe(*lote, true));

@@ -1,4 +1,5 @@
 #include "core/currency.h"
+#include "core/decimal_text.h"
 #include "core/runtime_error.h"
 
 #include <gtest/gtest.h>
@@ -120,6 +121,49 @@ TEST(Currency, ProductRoundsHalfToEven)
     };
     for (const auto &c : cases)
         EXPECT_EQ((c.money * c.factor).units(), c.units) << c.money.units() << " * " << c.factor;
+}
+
+// The conversions round straight from the binary value when the result is
+// sure; these are the values where a shortcut goes wrong (ties of the text
+// at the rounded digit, numbers not exact in binary, the edges of 15
+// digits), each with its neighbours. All must agree with the text route.
+TEST(Currency, DirectRoundingAgreesWithTheDecimalText)
+{
+    const double casos[] = {0.00005,
+                            0.00015,
+                            0.00025,
+                            1.00015,
+                            2.675,
+                            1.005,
+                            0.125,
+                            2.5,
+                            -2.5,
+                            -1.00015,
+                            -0.00005,
+                            1234.56785,
+                            99999.99995,
+                            1.000050000000001,
+                            123456789.00005,
+                            9999999999.99995,
+                            1e10 + 0.00005,
+                            100000000000000.3,
+                            922337203685477.0,
+                            0.1 + 0.2,
+                            4503599627370495.5,
+                            1e-300};
+    for (const double caso : casos)
+        for (double v :
+             {std::nextafter(std::nextafter(caso, -1e300), -1e300), std::nextafter(caso, -1e300), caso,
+              std::nextafter(caso, 1e300), std::nextafter(std::nextafter(caso, 1e300), 1e300)}) {
+            for (const int digitos : {0, 2, 4})
+                EXPECT_EQ(Round(v, digitos), DecimalText::fromDouble(v).roundedHalfEven(digitos).toDouble())
+                    << v << " to " << digitos;
+            if (std::fabs(v) > 9.223e14)
+                continue;
+            const DecimalText t = DecimalText::fromDouble(v).roundedHalfEven(4);
+            const std::int64_t unidades = std::stoll(t.integerDigits() + t.decimalDigits(4));
+            EXPECT_EQ(Currency::fromDouble(v).units(), t.negative ? -unidades : unidades) << v;
+        }
 }
 
 } // namespace
