@@ -4,6 +4,7 @@
 #include "import/winsock.h"
 #include "store/session.h"
 #include "store/ui.h"
+#include "support/medianas.h"
 #include "support/run_benchmarks.h"
 
 #include <QCoreApplication>
@@ -79,48 +80,56 @@ Servidor &servidor()
     return s;
 }
 
+// One whole mail run: connect, retrieve every message, write the attachments.
+// Returns the files written in the mail folder.
+qsizetype recuperarYCosechar()
+{
+    QTemporaryDir dir;
+    QDir(dir.path()).mkpath("mail");
+    ScriptedUi ui;
+    Session s(ui, dir.path());
+    ImportCorreo v(s, crearWinsockTcp());
+    v.txtHost = QStringLiteral("127.0.0.1:%1").arg(servidor().tcp.serverPort());
+    v.txtUserName = "u";
+    v.txtPassword = "p";
+    QEventLoop bucle;
+    v.alCambiar = [&] {
+        if (v.detenido())
+            bucle.quit();
+    };
+    v.cmdCheckMail_Click();
+    bucle.exec();
+    return QDir(dir.path() + "/mail").entryList(QDir::Files).size();
+}
+
+// The same bytes read straight from a socket. Returns the bytes read.
+qsizetype lecturaCruda()
+{
+    servidor().crudo = true;
+    QTcpSocket c;
+    QByteArray leido;
+    QEventLoop bucle;
+    QObject::connect(&c, &QTcpSocket::readyRead, [&] { leido += c.readAll(); });
+    QObject::connect(&c, &QTcpSocket::disconnected, &bucle, &QEventLoop::quit);
+    c.connectToHost(QHostAddress::LocalHost, servidor().tcp.serverPort());
+    bucle.exec();
+    leido += c.readAll();
+    servidor().crudo = false;
+    return leido.size();
+}
+
 void BM_RecuperarYCosechar(benchmark::State &state)
 {
-    Servidor &srv = servidor();
-    srv.crudo = false;
-    for (auto _ : state) {
-        QTemporaryDir dir;
-        QDir(dir.path()).mkpath("mail");
-        ScriptedUi ui;
-        Session s(ui, dir.path());
-        ImportCorreo v(s, crearWinsockTcp());
-        v.txtHost = QStringLiteral("127.0.0.1:%1").arg(srv.tcp.serverPort());
-        v.txtUserName = "u";
-        v.txtPassword = "p";
-        QEventLoop bucle;
-        v.alCambiar = [&] {
-            if (v.detenido())
-                bucle.quit();
-        };
-        v.cmdCheckMail_Click();
-        bucle.exec();
-        if (QDir(dir.path() + "/mail").entryList(QDir::Files).size() != kMensajes + 1)
+    for (auto _ : state)
+        if (recuperarYCosechar() != kMensajes + 1)
             state.SkipWithError("not every attachment was written");
-    }
 }
 BENCHMARK(BM_RecuperarYCosechar)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(5);
 
 void BM_LecturaCruda(benchmark::State &state)
 {
-    Servidor &srv = servidor();
-    srv.crudo = true;
-    for (auto _ : state) {
-        QTcpSocket c;
-        QByteArray leido;
-        QEventLoop bucle;
-        QObject::connect(&c, &QTcpSocket::readyRead, [&] { leido += c.readAll(); });
-        QObject::connect(&c, &QTcpSocket::disconnected, &bucle, &QEventLoop::quit);
-        c.connectToHost(QHostAddress::LocalHost, srv.tcp.serverPort());
-        bucle.exec();
-        leido += c.readAll();
-        benchmark::DoNotOptimize(leido.size());
-    }
-    srv.crudo = false;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(lecturaCruda());
 }
 BENCHMARK(BM_LecturaCruda)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(5);
 
@@ -132,43 +141,7 @@ int main(int argc, char **argv)
     if (tesorel::bench::correrBenchmarks(argc, argv))
         return 0;
     // Medians of five whole runs each, and their ratio.
-    const auto mediana = [](void (*cuerpo)(benchmark::State &)) {
-        std::vector<double> ms;
-        for (int i = 0; i < 5; ++i) {
-            QElapsedTimer t;
-            t.start();
-            if (cuerpo == BM_LecturaCruda) {
-                servidor().crudo = true;
-                QTcpSocket c;
-                QEventLoop bucle;
-                QObject::connect(&c, &QTcpSocket::readyRead, [&] { c.readAll(); });
-                QObject::connect(&c, &QTcpSocket::disconnected, &bucle, &QEventLoop::quit);
-                c.connectToHost(QHostAddress::LocalHost, servidor().tcp.serverPort());
-                bucle.exec();
-                servidor().crudo = false;
-            } else {
-                QTemporaryDir dir;
-                QDir(dir.path()).mkpath("mail");
-                ScriptedUi ui;
-                Session s(ui, dir.path());
-                ImportCorreo v(s, crearWinsockTcp());
-                v.txtHost = QStringLiteral("127.0.0.1:%1").arg(servidor().tcp.serverPort());
-                v.txtUserName = "u";
-                v.txtPassword = "p";
-                QEventLoop bucle;
-                v.alCambiar = [&] {
-                    if (v.detenido())
-                        bucle.quit();
-                };
-                v.cmdCheckMail_Click();
-                bucle.exec();
-            }
-            ms.push_back(double(t.nsecsElapsed()) / 1e6);
-        }
-        std::sort(ms.begin(), ms.end());
-        return ms[2];
-    };
-    const double correo = mediana(BM_RecuperarYCosechar), crudo = mediana(BM_LecturaCruda);
+    const double correo = bench::medianaDe(5, recuperarYCosechar), crudo = bench::medianaDe(5, lecturaCruda);
     std::printf("median mail %.1f ms (limit 2000), raw read %.1f ms, ratio %.1f\n", correo, crudo,
                 correo / crudo);
     return 0;
