@@ -154,4 +154,23 @@ void grafica_stocastico(grafica &chart, IndicatorState &state, double cierre, do
     chart.Fila(p, fila, 4);
 }
 
+Indicador indicadorDeAjuste(const QString &digito)
+{
+    if (digito.isEmpty())
+        return Indicador::MaCD;
+    if (digito.size() == 1 && digito[0] >= u'0' && digito[0] <= u'3')
+        return Indicador(digito[0].unicode() - u'0');
+    return Indicador::Ninguno;
+}
+
+Indicador indicadorDeNombre(const QString &nombre)
+{
+    static const QString nombres[4] = {QStringLiteral("MaCD"), QStringLiteral("Rsi"),
+                                       QStringLiteral("Momentum"), QStringLiteral("Estocástico")};
+    for (int i = 0; i < 4; ++i)
+        if (nombre == nombres[i])
+            return Indicador(i);
+    return Indicador::Ninguno;
+}
+
 } // namespace tesorel

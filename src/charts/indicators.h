@@ -1,12 +1,20 @@
 #pragma once
 #include "charts/mmedia.h"
 
+#include <QString>
 #include <array>
 
 namespace tesorel
 {
 
 class grafica;
+
+// The indicator under the price chart. The user's settings keep it as its digit.
+enum class Indicador { Ninguno = -1, MaCD = 0, Rsi = 1, Momentum = 2, Estocastico = 3 };
+// The digit of the settings: empty is MaCD, anything but a digit 0 to 3 is none.
+Indicador indicadorDeAjuste(const QString &digito);
+// The caption of its tab ("MaCD", "Rsi", "Momentum", "Estocástico"); none for another text.
+Indicador indicadorDeNombre(const QString &nombre);
 
 // What the indicator routines keep between calls. The main window holds
 // one for the whole session: the stochastic rings are never reset, so

@@ -153,10 +153,9 @@ void GraficaPrincipal::DibujarGrafica()
         PonerQuitarF();
     etiquetas.relojDeArena = true;
     s_.Logaritmica = controles.Logaritmica == 1;
-    const ControlesGrafica &c = controles;
 
     // 2.
-    Codigo_Valor = Codigo_De(s_, c.Text1, 1);
+    Codigo_Valor = Codigo_De(s_, controles.Text1, 1);
     RecordSeto &q = cursor_;
     cargarSerie(*s_.Base_Datos, Codigo_Valor, q);
 
@@ -177,193 +176,73 @@ void GraficaPrincipal::DibujarGrafica()
         q.Movefirst();
         // 5.
         cabecera();
-
-        // 6. The window of dates.
-        q.Movefirst();
-        fechaInicio = q.Fecha();
-        const double cuenta = q.recordcount();
-        const double dias = s_.Maximo_Dias_Sesion;
-        const double puntos = (dias > 0 && dias < cuenta) ? dias : cuenta;
-        for (grafica *g : {&GraficaPrecio, &GraficaVolumen, &GraficaIndicador})
-            g->NumPoints(puntos);
-        GraficaPrecio.NumSets(8);
-        GraficaVolumen.NumSets(1);
-        GraficaPrecio.ThisPoint(1);
-        GraficaPrecio.ThisSet(1);
-        GraficaVolumen.ThisPoint(1);
-        GraficaVolumen.ThisSet(1);
-        GraficaPrecio.graphtitle(c.Text1);
-        GraficaPrecio.graphtype(6 + c.Candle);
-        GraficaPrecio.gridsTyLe(1);
-        GraficaVolumen.graphtype(3);
-        GraficaVolumen.graphSTyLe(2);
-        GraficaVolumen.gridsTyLe(1);
-        GraficaIndicador.graphtype(6);
-        GraficaIndicador.AutoInc(0);
-        GraficaIndicador.NumSets(3);
-        maximoGrafica = 0;
-        minimoGrafica = 1e16;
-        if (dias != 0) {
-            // Stops at position count - dias: one record more than is drawn.
-            while (cuenta - double(q.AbsolutePosition()) > dias)
-                q.Movenext();
-            fechaInicio = q.Fecha();
-            primerCierre = q.Ultimo();
-        }
-
-        // 7. The records.
-        const double cierreOn = c.Check2[3], maximoOn = c.Check2[1], minimoOn = c.Check2[2];
-        const double media1On = c.Check2[4], media2On = c.Check2[5], mediaDiaOn = c.Check2[6];
-        const double periodo1 = Numero_Val(c.Mediat[1]), periodo2 = Numero_Val(c.Mediat[2]);
-        const bool conIndicador = GraficaIndicador.Visible();
-        int indicador = -1;
-        if (c.Indicador_Actual.isEmpty())
-            indicador = 0;
-        else if (c.Indicador_Actual.size() == 1 && c.Indicador_Actual[0] >= u'0' &&
-                 c.Indicador_Actual[0] <= u'3')
-            indicador = c.Indicador_Actual[0].unicode() - u'0';
-        const bool conSplits = c.Splita != 0;
-
-        MMedia primeraMedia, segundaMedia;
-        Maximos extremos;
-        HistoriaMomentum historia{};
-        double nMomentum = 0;
-        DetectorSplits::Ajustado a; // high and low survive a record without adjustment
-        bool saltado = false;
-        double punto = 1, mesAnterior = 0;
-        const QString sinMes = QStringLiteral("    ");
-
-        while (!q.Eof()) {
-            // a. Days without a close: a stock loses them all, a portfolio
-            // series only the first.
-            bool fin = false;
-            while (q.Ultimo() == 0) {
-                if (q.Valor() >= valor::PrimeraCartera && saltado)
-                    break;
-                saltado = true;
-                for (grafica *g : {&GraficaPrecio, &GraficaVolumen, &GraficaIndicador})
-                    g->NumPoints(g->NumPoints() - 1);
-                q.Movenext();
-                if (q.Eof()) {
-                    fin = true;
-                    break;
-                }
-            }
-            if (fin)
-                break;
-
-            // b.
-            const QDate leida = q.Fecha();
-            const QDate fecha = leida.isValid() ? leida : grafica::fechaCero();
-            const double dinero = finite(q.Efect() * 1000);
-            double cierre = q.Ultimo();
-
-            // c.
-            if (conSplits) {
-                DetectorSplits::Registro r{fecha,      q.Ultimo(), q.Anterior(),
-                                           q.Maximo(), q.minimo(), q.Volumen()};
-                splits.ajustar(r, a, etiquetas.Noticias);
-                cierre = a.cierre;
-            } else {
-                a.maximo = q.Maximo();
-                a.minimo = q.minimo();
-                a.acciones = q.Volumen();
-            }
-            double &maximo = a.maximo, &minimo = a.minimo;
-
-            // d.
-            double media = 0;
-            if (a.acciones == 0) {
-                media = maximo = minimo = cierre;
-            } else {
-                media = divide(dinero, a.acciones);
-                if (maximo == 0)
-                    maximo = cierre;
-                if (minimo == 0)
-                    minimo = cierre;
-            }
-
-            // e. Every change of month but the first gets its vertical line.
-            GraficaPrecio.ThisPoint(punto);
-            if (fecha.month() != mesAnterior) {
-                GraficaPrecio.LabelText(Nombre_Mes(fecha.month()) + u' ' +
-                                        QString::number(fecha.year() % 100).rightJustified(2, u'0'));
-                if (mesAnterior != 0)
-                    GraficaPrecio.Vertical();
-                mesAnterior = fecha.month();
-            } else {
-                GraficaPrecio.LabelText(sinMes);
-            }
-
-            // f. An unticked series is written as 0, below the range.
-            GraficaPrecio.ThisSet(1);
-            GraficaPrecio.Fecha(fecha);
-            GraficaPrecio.Graphdata(cierre * cierreOn);
-            GraficaPrecio.ThisSet(2);
-            GraficaPrecio.Graphdata(maximo * maximoOn);
-            GraficaPrecio.ThisSet(3);
-            GraficaPrecio.Graphdata(minimo * minimoOn);
-
-            // g. The averages always run: the indicators use them.
-            GraficaPrecio.ThisSet(4);
-            const double m1 = primeraMedia.Siguiente(cierre, 0, periodo1, 3);
-            GraficaPrecio.Graphdata(m1 * media1On);
-            GraficaPrecio.ThisSet(8);
-            GraficaPrecio.Graphdata(media * mediaDiaOn);
-            GraficaPrecio.ThisSet(7);
-            const double m2 = segundaMedia.Siguiente(cierre, 0, periodo2, 3);
-            GraficaPrecio.Graphdata(m2 * media2On);
-
-            // h.
-            if (conIndicador) {
-                switch (indicador) {
-                case 0:
-                    grafica_macd(GraficaIndicador, indicadores, m2, m1, 0, punto, cierre);
-                    break;
-                case 1:
-                    grafica_rsi(GraficaIndicador, indicadores, q.Dif(), 0, punto);
-                    break;
-                case 2:
-                    grafica_momentum(GraficaIndicador, cierre, nMomentum, punto, historia);
-                    if (nMomentum < 14)
-                        nMomentum = nMomentum + 1;
-                    break;
-                case 3:
-                    grafica_stocastico(GraficaIndicador, indicadores, cierre, extremos.Maxi(maximo, 5),
-                                       extremos.Min(minimo, 5), 5, punto);
-                    break;
-                default:
-                    break;
-                }
-            }
-
-            // i. The bars show the money as stored, not the shares.
-            GraficaVolumen.ThisPoint(punto);
-            GraficaVolumen.Graphdata(dinero / 1000);
-            GraficaVolumen.ThisPoint(punto);
-
-            // j. The extremes follow the data, ticked or not.
-            ultimoCierre = cierre;
-            if (maximo > maximoGrafica)
-                maximoGrafica = maximo;
-            if (minimo < minimoGrafica)
-                minimoGrafica = minimo;
-            puntosEscritos_ = int(punto);
-            punto = punto + 1;
-            q.Movenext();
-        }
-
-        // 8. The range; only wide ranges get automatic divisions.
-        if (minimoGrafica == 1e16)
-            minimoGrafica = 0;
-        GraficaPrecio.YAxisStyle(2);
-        GraficaPrecio.YAxisTicks(0);
-        GraficaPrecio.YAxisMax(double(maximoGrafica));
-        GraficaPrecio.YAxisMin(double(minimoGrafica));
-        GraficaPrecio.YAxisTicks(ticksAutomaticos(maximoGrafica - minimoGrafica));
+        // 6.
+        ventanaDeFechas(fechaInicio, primerCierre);
+        // 7.
+        ultimoCierre = trazarRegistros(splits);
+        // 8.
+        fijarRango();
     }
 
     // 9. The finish, for an empty value too.
+    terminar(fechaInicio, fechaFin, primerCierre, ultimoCierre, splits);
+    etiquetas.Tiempot.texto = Format(double(reloj.nsecsElapsed()) / 1e9, QStringLiteral("#0.###"));
+}
+
+// The window of dates and the charts' shape; the cursor is left on the first record drawn.
+void GraficaPrincipal::ventanaDeFechas(QDate &fechaInicio, double &primerCierre)
+{
+    const ControlesGrafica &c = controles;
+    RecordSeto &q = cursor_;
+    q.Movefirst();
+    fechaInicio = q.Fecha();
+    const double cuenta = q.recordcount();
+    const double dias = s_.Maximo_Dias_Sesion;
+    const double puntos = (dias > 0 && dias < cuenta) ? dias : cuenta;
+    for (grafica *g : {&GraficaPrecio, &GraficaVolumen, &GraficaIndicador})
+        g->NumPoints(puntos);
+    GraficaPrecio.NumSets(8);
+    GraficaVolumen.NumSets(1);
+    GraficaPrecio.ThisPoint(1);
+    GraficaPrecio.ThisSet(1);
+    GraficaVolumen.ThisPoint(1);
+    GraficaVolumen.ThisSet(1);
+    GraficaPrecio.graphtitle(c.Text1);
+    GraficaPrecio.graphtype(6 + c.Candle);
+    GraficaPrecio.gridsTyLe(1);
+    GraficaVolumen.graphtype(3);
+    GraficaVolumen.graphSTyLe(2);
+    GraficaVolumen.gridsTyLe(1);
+    GraficaIndicador.graphtype(6);
+    GraficaIndicador.AutoInc(0);
+    GraficaIndicador.NumSets(3);
+    maximoGrafica = 0;
+    minimoGrafica = 1e16;
+    if (dias != 0) {
+        // Stops at position count - dias: one record more than is drawn.
+        while (cuenta - double(q.AbsolutePosition()) > dias)
+            q.Movenext();
+        fechaInicio = q.Fecha();
+        primerCierre = q.Ultimo();
+    }
+}
+
+// 8. The range; only wide ranges get automatic divisions.
+void GraficaPrincipal::fijarRango()
+{
+    if (minimoGrafica == 1e16)
+        minimoGrafica = 0;
+    GraficaPrecio.YAxisStyle(2);
+    GraficaPrecio.YAxisTicks(0);
+    GraficaPrecio.YAxisMax(double(maximoGrafica));
+    GraficaPrecio.YAxisMin(double(minimoGrafica));
+    GraficaPrecio.YAxisTicks(ticksAutomaticos(maximoGrafica - minimoGrafica));
+}
+
+void GraficaPrincipal::terminar(const QDate &fechaInicio, const QDate &fechaFin, double primerCierre,
+                                double ultimoCierre, const DetectorSplits &splits)
+{
+    const ControlesGrafica &c = controles;
     GraficaPrecio.Split(splits.factorAcumulado());
     if (c.Splita != 0)
         GraficaPrecio.Anular_split(true);
@@ -414,19 +293,15 @@ void GraficaPrincipal::DibujarGrafica()
     etiquetas.Etiqueta_Minimo.texto = Format(minimoGrafica, QStringLiteral("##0.00")) + QStringLiteral(" €");
     if (VerOperacionesGrafica)
         VerOperacionesGrafica();
-    etiquetas.Tiempot.texto = Format(double(reloj.nsecsElapsed()) / 1e9, QStringLiteral("#0.###"));
 }
 
 void GraficaPrincipal::DibuGrafi3(const QString &nombre)
 {
-    static const QString nombres[4] = {QStringLiteral("MaCD"), QStringLiteral("Rsi"),
-                                       QStringLiteral("Momentum"), QStringLiteral("Estocástico")};
-    for (int i = 0; i < 4; ++i)
-        if (nombre == nombres[i]) {
-            controles.Indicador_Actual = QString::number(i);
-            DibujarGrafica();
-            return;
-        }
+    const Indicador i = indicadorDeNombre(nombre);
+    if (i != Indicador::Ninguno) {
+        controles.Indicador_Actual = QString::number(int(i));
+        DibujarGrafica();
+    }
 }
 
 int GraficaPrincipal::sumaVelas() const

@@ -10,6 +10,7 @@
 namespace tesorel
 {
 
+class DetectorSplits;
 class Session;
 class Surface;
 
@@ -113,8 +114,17 @@ class GraficaPrincipal
     int puntosEscritos() const { return puntosEscritos_; }
 
   private:
+    struct Recorrido;
     void cabecera();
     int sumaVelas() const;
+    // The steps of a drawing.
+    void ventanaDeFechas(QDate &fechaInicio, double &primerCierre);
+    double trazarRegistros(DetectorSplits &splits); // the last close drawn
+    void trazarRegistro(Recorrido &r);
+    void trazarIndicador(Recorrido &r, double cierre, double maximo, double minimo, double m1, double m2);
+    void fijarRango();
+    void terminar(const QDate &fechaInicio, const QDate &fechaFin, double primerCierre, double ultimoCierre,
+                  const DetectorSplits &splits);
 
     Session &s_;
     RecordSeto cursor_;
