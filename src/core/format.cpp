@@ -78,77 +78,89 @@ NumberMask readMask(const QString &section)
     return mask;
 }
 
+// What a section's placeholders ask for, read once from its tokens.
+struct MaskLayout {
+    std::size_t pointIndex;            // the decimal point's token, or the end
+    std::vector<std::size_t> intSlots; // the integer placeholders
+    bool grouping = false;             // a comma between integer placeholders
+    int thousandsScale = 0;            // commas after the last one: each divides by a thousand
+    int decimals = 0, requiredDecimals = 0;
+    int minIntDigits = 0;
+};
+
+MaskLayout layoutOf(const NumberMask &mask)
+{
+    const auto &tokens = mask.tokens;
+    MaskLayout l;
+    l.pointIndex = tokens.size();
+    for (std::size_t i = 0; i < tokens.size(); ++i)
+        if (tokens[i].kind == MaskToken::Point)
+            l.pointIndex = i;
+    for (std::size_t i = 0; i < l.pointIndex; ++i)
+        if (tokens[i].kind == MaskToken::Digit)
+            l.intSlots.push_back(i);
+    for (std::size_t i = 0; i < l.pointIndex; ++i) {
+        if (tokens[i].kind != MaskToken::Comma || l.intSlots.empty() || i < l.intSlots.front())
+            continue;
+        if (i < l.intSlots.back())
+            l.grouping = true;
+        else
+            ++l.thousandsScale;
+    }
+    for (std::size_t i = l.pointIndex; i < tokens.size(); ++i) {
+        if (tokens[i].kind != MaskToken::Digit)
+            continue;
+        ++l.decimals;
+        if (tokens[i].placeholder == u'0')
+            l.requiredDecimals = l.decimals;
+    }
+    for (std::size_t k = 0; k < l.intSlots.size(); ++k)
+        if (tokens[l.intSlots[k]].placeholder == u'0') {
+            l.minIntDigits = static_cast<int>(l.intSlots.size() - k);
+            break;
+        }
+    return l;
+}
+
+// The digits of the integer part go right to left into the placeholders;
+// the first placeholder takes whatever is left over.
+std::vector<std::string> digitsBySlot(const std::string &whole, std::size_t slotCount)
+{
+    std::vector<std::string> slotDigits(slotCount);
+    std::size_t remaining = whole.size();
+    for (std::size_t k = slotCount; k-- > 0;) {
+        if (k == 0) {
+            slotDigits[k] = whole.substr(0, remaining);
+            remaining = 0;
+        } else if (remaining > 0) {
+            slotDigits[k] = whole.substr(remaining - 1, 1);
+            --remaining;
+        }
+    }
+    return slotDigits;
+}
+
 QString formatSection(double magnitude, bool negative, const NumberMask &mask)
 {
     const auto &tokens = mask.tokens;
-    std::size_t pointIndex = tokens.size();
-    for (std::size_t i = 0; i < tokens.size(); ++i)
-        if (tokens[i].kind == MaskToken::Point)
-            pointIndex = i;
-
-    // A comma between two integer placeholders groups by thousands; commas
-    // after the last one divide by a thousand each.
-    std::vector<std::size_t> intSlots;
-    for (std::size_t i = 0; i < pointIndex; ++i)
-        if (tokens[i].kind == MaskToken::Digit)
-            intSlots.push_back(i);
-    bool grouping = false;
-    int thousandsScale = 0;
-    for (std::size_t i = 0; i < pointIndex; ++i) {
-        if (tokens[i].kind != MaskToken::Comma || intSlots.empty() || i < intSlots.front())
-            continue;
-        if (i < intSlots.back())
-            grouping = true;
-        else
-            ++thousandsScale;
-    }
-
-    int decimals = 0, requiredDecimals = 0;
-    for (std::size_t i = pointIndex; i < tokens.size(); ++i) {
-        if (tokens[i].kind != MaskToken::Digit)
-            continue;
-        ++decimals;
-        if (tokens[i].placeholder == u'0')
-            requiredDecimals = decimals;
-    }
-    int minIntDigits = 0;
-    for (std::size_t k = 0; k < intSlots.size(); ++k)
-        if (tokens[intSlots[k]].placeholder == u'0') {
-            minIntDigits = static_cast<int>(intSlots.size() - k);
-            break;
-        }
+    const MaskLayout l = layoutOf(mask);
 
     double scaled = magnitude;
     if (mask.percent)
         scaled *= 100;
-    for (int i = 0; i < thousandsScale; ++i)
+    for (int i = 0; i < l.thousandsScale; ++i)
         scaled /= 1000;
     if (!std::isfinite(scaled))
         return CStr(negative ? -scaled : scaled); // "%" can push the largest doubles past the range
-    const DecimalText d = DecimalText::fromDouble(scaled).roundedHalfAway(decimals);
+    const DecimalText d = DecimalText::fromDouble(scaled).roundedHalfAway(l.decimals);
     std::string whole = d.integerDigits();
-    if (static_cast<int>(whole.size()) < minIntDigits)
-        whole.insert(0, minIntDigits - whole.size(), '0');
-    std::string frac = d.decimalDigits(decimals);
-    int shownDecimals = decimals;
-    while (shownDecimals > requiredDecimals && frac[shownDecimals - 1] == '0')
+    if (static_cast<int>(whole.size()) < l.minIntDigits)
+        whole.insert(0, l.minIntDigits - whole.size(), '0');
+    const std::string frac = d.decimalDigits(l.decimals);
+    int shownDecimals = l.decimals;
+    while (shownDecimals > l.requiredDecimals && frac[shownDecimals - 1] == '0')
         --shownDecimals;
-
-    // The digits of the integer part go right to left into the placeholders;
-    // the first placeholder takes whatever is left over.
-    std::vector<std::string> slotDigits(intSlots.size());
-    {
-        std::size_t remaining = whole.size();
-        for (std::size_t k = intSlots.size(); k-- > 0;) {
-            if (k == 0) {
-                slotDigits[k] = whole.substr(0, remaining);
-                remaining = 0;
-            } else if (remaining > 0) {
-                slotDigits[k] = whole.substr(remaining - 1, 1);
-                --remaining;
-            }
-        }
-    }
+    const std::vector<std::string> slotDigits = digitsBySlot(whole, l.intSlots.size());
 
     QString out;
     if (negative)
@@ -157,7 +169,7 @@ QString formatSection(double magnitude, bool negative, const NumberMask &mask)
     bool anyDigit = false;
     auto putIntegerDigits = [&](const std::string &digits) {
         for (char c : digits) {
-            if (grouping && anyDigit && digitsLeft % 3 == 0)
+            if (l.grouping && anyDigit && digitsLeft % 3 == 0)
                 out += u'.';
             out += QChar(c);
             anyDigit = true;
@@ -170,7 +182,7 @@ QString formatSection(double magnitude, bool negative, const NumberMask &mask)
         const MaskToken &t = tokens[i];
         switch (t.kind) {
         case MaskToken::Digit:
-            if (i < pointIndex) {
+            if (i < l.pointIndex) {
                 putIntegerDigits(slotDigits[slot++]);
             } else {
                 if (decimalSlot < shownDecimals)
@@ -179,7 +191,7 @@ QString formatSection(double magnitude, bool negative, const NumberMask &mask)
             }
             break;
         case MaskToken::Point:
-            if (intSlots.empty())
+            if (l.intSlots.empty())
                 putIntegerDigits(whole);
             out += u',';
             break;
@@ -190,7 +202,7 @@ QString formatSection(double magnitude, bool negative, const NumberMask &mask)
             break;
         }
     }
-    if (intSlots.empty() && pointIndex == tokens.size())
+    if (l.intSlots.empty() && l.pointIndex == tokens.size())
         putIntegerDigits(whole);
     return out;
 }
