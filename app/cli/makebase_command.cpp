@@ -1,5 +1,6 @@
 #include "commands.h"
 
+#include "portfolio/libro_demo.h"
 #include "store/base_builder.h"
 
 #include <QCoreApplication>
@@ -55,6 +56,7 @@ int makebaseCommand(const QStringList &args)
         return usage();
     if (options.dataDir.isEmpty())
         options.dataDir = defaultDataDir();
+    options.demoLedger = apuntarLibroDemo;
     buildBase(out, options);
     return kOk;
 }

@@ -6,11 +6,14 @@
 #include <QString>
 #include <QStringList>
 #include <QVector>
+#include <functional>
 
 struct sqlite3;
 
 namespace tesorel
 {
+
+class Database;
 
 // How a base file is made from the data folder (schema.sql and one CSV a
 // reference table) and, on demand, the sample quotes and the demo user.
@@ -22,6 +25,9 @@ struct BaseBuildOptions {
     QDate sampleFirstDay = QDate(2023, 11, 20);
     QDate sampleLastDay = QDate(2026, 11, 20);
     std::uint64_t seed = 20261120;
+    // Books the demo user's ledger and positions (the portfolio's
+    // apuntarLibroDemo); the store has no booking of its own.
+    std::function<void(Database &, double usuario)> demoLedger;
 };
 
 // The demo user of the sample base; its password is the same word.
@@ -53,8 +59,8 @@ void loadSchema(sqlite3 *db, const QString &dataDir);
 long loadReferenceTables(sqlite3 *db, const QString &dataDir);
 // The sample quotes for every value of Codigo_Empresas over the given days.
 SampleQuoteOptions sampleQuoteOptions(sqlite3 *db, const BaseBuildOptions &options);
-// The demo user, its ledger, portfolio, favourites, notes and the session
-// row; needs the quotes in place.
-void addDemoUser(sqlite3 *db);
+// The demo user, its favourites, notes and the session row; needs the
+// quotes in place. Returns the user's number.
+double addDemoUser(Database &db);
 
 } // namespace tesorel
