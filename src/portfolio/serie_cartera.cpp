@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <optional>
 #include <vector>
 
 #include "store/database.h"
@@ -100,6 +101,144 @@ void borrarSerie(Database &db, double codigo)
     Query(db, QStringLiteral("delete * from bolsa where (valor = ?)")).bind(1, codigo).exec();
 }
 
+// The ledger lines up to the last date, each on the date of the run whose
+// interval holds it; the first date takes all the past. In the ledger's own order.
+std::vector<Apunte> apuntesHasta(Database &db, double usuario, const std::vector<qint64> &dias)
+{
+    std::vector<Apunte> apuntes;
+    Query q(db, "select cast(julianday(Fecha_operacion) + 0.5 as integer), VALOR, Cantidad, Total_operacion "
+                "from historico where usuario = ? and fecha_operacion <= ? order by rowid");
+    q.bind(1, usuario).bind(2, deDia(dias.back()));
+    while (q.next()) {
+        const qint64 dia = q.whole(0);
+        const size_t k = size_t(std::lower_bound(dias.begin(), dias.end(), dia) - dias.begin());
+        apuntes.push_back({dia, q.number(1), q.number(2), q.number(3), k});
+    }
+    std::stable_sort(apuntes.begin(), apuntes.end(),
+                     [](const Apunte &a, const Apunte &b) { return a.fecha < b.fecha; });
+    return apuntes;
+}
+
+// The quotes of every value the ledger names, read once from the first date on.
+struct CotizacionesDeValores {
+    QHash<qint64, int> indice; // value code -> series
+    std::vector<Cotizaciones> series;
+
+    void leer(Database &db, const std::vector<Apunte> &apuntes, const QDate &desde)
+    {
+        for (const Apunte &a : apuntes) {
+            const qint64 clave = qint64(a.valor);
+            if (double(clave) != a.valor || indice.contains(clave))
+                continue;
+            indice.insert(clave, int(series.size()));
+            Cotizaciones &c = series.emplace_back();
+            Query q(db,
+                    "select " + kDiaFecha +
+                        ", ULTIMO, MAXIMO, MINIMO, VOLUMEN, rowid from bolsa where VALOR = ? and FECHA >= ? "
+                        "order by FECHA");
+            q.bind(1, double(clave)).bind(2, desde);
+            while (q.next()) {
+                const Cotizacion fila{q.whole(0),  q.whole(5),  q.number(1),
+                                      q.number(2), q.number(3), q.number(4)};
+                // Two rows of a value on one day: the day's first row counts.
+                if (!c.filas.empty() && c.filas.back().dia == fila.dia) {
+                    if (fila.fila < c.filas.back().fila)
+                        c.filas.back() = fila;
+                } else
+                    c.filas.push_back(fila);
+            }
+        }
+    }
+};
+
+// The holdings while the ledger is replayed: at most 50 slots, a slot freed
+// when its value is sold out and taken again by the next new value.
+class Huecos
+{
+  public:
+    explicit Huecos(Session &s, CotizacionesDeValores &cotizaciones) : s_(s), cotizaciones_(cotizaciones) {}
+
+    void apuntar(const Apunte &a)
+    {
+        int igual = -1, libre = -1;
+        for (int h = enUso_ - 1; h >= 0; --h) {
+            if (huecos_[size_t(h)].codigo == a.valor)
+                igual = h;
+            else if (huecos_[size_t(h)].codigo == 0)
+                libre = h;
+        }
+        int h = igual >= 0 ? igual : libre;
+        if (h < 0) {
+            if (enUso_ == MaximoValoresSerie) {
+                s_.Registrar_Error(
+                    RuntimeError(err::SubscriptOutOfRange, QStringLiteral("Subíndice fuera del intervalo")));
+                return;
+            }
+            h = enUso_++;
+        }
+        Hueco &hueco = huecos_[size_t(h)];
+        hueco.codigo = a.valor;
+        hueco.cantidad += a.cantidad;
+        hueco.cotizaciones = cotizaciones_.indice.value(qint64(a.valor), -1);
+        if (hueco.cantidad == 0)
+            hueco.codigo = 0;
+    }
+
+    // The day's row of the series, none when nothing held has a quote that
+    // day. `acumulado` goes in as the day before's worth plus the day's money
+    // and comes out as the day's worth.
+    std::optional<FilaSerie> valorar(qint64 dia, double &acumulado)
+    {
+        double v = 0, maximo = 0, minimo = 0, volumen = 0;
+        int cotizados = 0;
+        for (int h = 0; h < enUso_; ++h) {
+            const Hueco &hueco = huecos_[size_t(h)];
+            if (hueco.cantidad <= 0 || hueco.cotizaciones < 0)
+                continue;
+            // A holding without a quote that day is left out of the day's value.
+            const Cotizacion *c = cotizaciones_.series[size_t(hueco.cotizaciones)].del(dia);
+            if (!c)
+                continue;
+            ++cotizados;
+            v += hueco.cantidad * c->ultimo;
+            maximo += hueco.cantidad * c->maximo;
+            minimo += hueco.cantidad * c->minimo;
+            volumen += c->volumen;
+        }
+        if (v == 0)
+            return std::nullopt;
+        const double vol = std::floor(volumen / cotizados);
+        const FilaSerie fila{deDia(dia),       (acumulado == 0 ? v : acumulado) / 1000,
+                             v / 1000,         vol,
+                             maximo / 1000,    minimo / 1000,
+                             vol * v / 1000000};
+        acumulado = v;
+        return fila;
+    }
+
+  private:
+    Session &s_;
+    CotizacionesDeValores &cotizaciones_;
+    std::array<Hueco, MaximoValoresSerie> huecos_{};
+    int enUso_ = 0;
+};
+
+// Mode 0's delete and every row in one transaction: a rebuild never leaves half a series.
+void escribirSerie(Database &db, Int16 modo, double codigo, const std::vector<FilaSerie> &filas)
+{
+    Transaction t(db);
+    if (modo == 0)
+        borrarSerie(db, codigo);
+    Query ins(db,
+              QStringLiteral("insert into bolsa (VALOR, FECHA, ANTERIOR, ULTIMO, VOLUMEN, MAXIMO, MINIMO, "
+                             "EFECT) values (?, ?, ?, ?, ?, ?, ?, ?)"));
+    for (const FilaSerie &f : filas) {
+        ins.bind(1, codigo).bind(2, f.fecha).bind(3, f.anterior).bind(4, f.ultimo).bind(5, f.volumen);
+        ins.bind(6, f.maximo).bind(7, f.minimo).bind(8, f.efect).exec();
+    }
+    t.commit();
+}
+
 } // namespace
 
 void Generar_Serie_Cartera(Session &s, Int16 modo, const AvisosSerie &avisos)
@@ -154,54 +293,13 @@ void Generar_Serie_Cartera(Session &s, Int16 modo, const AvisosSerie &avisos)
     if (dias.empty())
         return;
 
-    // The ledger lines up to the last date, each on the date of the run whose
-    // interval holds it; the first date takes all the past. In the ledger's own order.
     std::vector<Apunte> apuntes;
-    s.paso([&] {
-        Query q(db,
-                "select cast(julianday(Fecha_operacion) + 0.5 as integer), VALOR, Cantidad, Total_operacion "
-                "from historico where usuario = ? and fecha_operacion <= ? order by rowid");
-        q.bind(1, s.Usuario_Numero).bind(2, deDia(dias.back()));
-        while (q.next()) {
-            const qint64 dia = q.whole(0);
-            const size_t k = size_t(std::lower_bound(dias.begin(), dias.end(), dia) - dias.begin());
-            apuntes.push_back({dia, q.number(1), q.number(2), q.number(3), k});
-        }
-    });
-    std::stable_sort(apuntes.begin(), apuntes.end(),
-                     [](const Apunte &a, const Apunte &b) { return a.fecha < b.fecha; });
+    s.paso([&] { apuntes = apuntesHasta(db, s.Usuario_Numero, dias); });
+    CotizacionesDeValores cotizaciones;
+    s.paso([&] { cotizaciones.leer(db, apuntes, deDia(dias.front())); });
 
-    // The quotes of every value the ledger names, read once from the first date on.
-    QHash<qint64, int> indice;
-    std::vector<Cotizaciones> series;
-    s.paso([&] {
-        const QDate desde = deDia(dias.front());
-        for (const Apunte &a : apuntes) {
-            const qint64 clave = qint64(a.valor);
-            if (double(clave) != a.valor || indice.contains(clave))
-                continue;
-            indice.insert(clave, int(series.size()));
-            Cotizaciones &c = series.emplace_back();
-            Query q(db,
-                    "select " + kDiaFecha +
-                        ", ULTIMO, MAXIMO, MINIMO, VOLUMEN, rowid from bolsa where VALOR = ? and FECHA >= ? "
-                        "order by FECHA");
-            q.bind(1, double(clave)).bind(2, desde);
-            while (q.next()) {
-                const Cotizacion fila{q.whole(0),  q.whole(5),  q.number(1),
-                                      q.number(2), q.number(3), q.number(4)};
-                // Two rows of a value on one day: the day's first row counts.
-                if (!c.filas.empty() && c.filas.back().dia == fila.dia) {
-                    if (fila.fila < c.filas.back().fila)
-                        c.filas.back() = fila;
-                } else
-                    c.filas.push_back(fila);
-            }
-        }
-    });
-
-    std::array<Hueco, MaximoValoresSerie> huecos{};
-    int enUso = 0;
+    // Every row is worked out first, yielding at each date; nothing is written meanwhile.
+    Huecos huecos(s, cotizaciones);
     double acumulado = 0; // the close of the day before plus the day's money
     std::vector<FilaSerie> filas;
     filas.reserve(dias.size());
@@ -211,69 +309,13 @@ void Generar_Serie_Cartera(Session &s, Int16 modo, const AvisosSerie &avisos)
         if (avisos.progreso)
             avisos.progreso(int(k + 1), int(dias.size()));
         for (; siguiente < apuntes.size() && apuntes[siguiente].fecha == k; ++siguiente) {
-            const Apunte &a = apuntes[siguiente];
-            acumulado += a.total;
-            int igual = -1, libre = -1;
-            for (int h = enUso - 1; h >= 0; --h) {
-                if (huecos[size_t(h)].codigo == a.valor)
-                    igual = h;
-                else if (huecos[size_t(h)].codigo == 0)
-                    libre = h;
-            }
-            int h = igual >= 0 ? igual : libre;
-            if (h < 0) {
-                if (enUso == MaximoValoresSerie) {
-                    s.Registrar_Error(RuntimeError(err::SubscriptOutOfRange,
-                                                   QStringLiteral("Subíndice fuera del intervalo")));
-                    continue;
-                }
-                h = enUso++;
-            }
-            Hueco &hueco = huecos[size_t(h)];
-            hueco.codigo = a.valor;
-            hueco.cantidad += a.cantidad;
-            hueco.cotizaciones = indice.value(qint64(a.valor), -1);
-            if (hueco.cantidad == 0)
-                hueco.codigo = 0;
+            acumulado += apuntes[siguiente].total;
+            huecos.apuntar(apuntes[siguiente]);
         }
-
-        double v = 0, maximo = 0, minimo = 0, volumen = 0;
-        int cotizados = 0;
-        for (int h = 0; h < enUso; ++h) {
-            const Hueco &hueco = huecos[size_t(h)];
-            if (hueco.cantidad <= 0 || hueco.cotizaciones < 0)
-                continue;
-            // A holding without a quote that day is left out of the day's value.
-            const Cotizacion *c = series[size_t(hueco.cotizaciones)].del(dias[k]);
-            if (!c)
-                continue;
-            ++cotizados;
-            v += hueco.cantidad * c->ultimo;
-            maximo += hueco.cantidad * c->maximo;
-            minimo += hueco.cantidad * c->minimo;
-            volumen += c->volumen;
-        }
-        if (v == 0)
-            continue;
-        const double vol = std::floor(volumen / cotizados);
-        filas.push_back({deDia(dias[k]), (acumulado == 0 ? v : acumulado) / 1000, v / 1000, vol,
-                         maximo / 1000, minimo / 1000, vol * v / 1000000});
-        acumulado = v;
+        if (const auto fila = huecos.valorar(dias[k], acumulado))
+            filas.push_back(*fila);
     }
-
-    s.paso([&] {
-        Transaction t(db);
-        if (modo == 0)
-            borrarSerie(db, codigo);
-        Query ins(
-            db, QStringLiteral("insert into bolsa (VALOR, FECHA, ANTERIOR, ULTIMO, VOLUMEN, MAXIMO, MINIMO, "
-                               "EFECT) values (?, ?, ?, ?, ?, ?, ?, ?)"));
-        for (const FilaSerie &f : filas) {
-            ins.bind(1, codigo).bind(2, f.fecha).bind(3, f.anterior).bind(4, f.ultimo).bind(5, f.volumen);
-            ins.bind(6, f.maximo).bind(7, f.minimo).bind(8, f.efect).exec();
-        }
-        t.commit();
-    });
+    s.paso([&] { escribirSerie(db, modo, codigo, filas); });
 }
 
 } // namespace tesorel
