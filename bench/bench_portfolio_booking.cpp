@@ -11,6 +11,7 @@
 #include "store/session.h"
 #include "store/ui.h"
 #include "support/full_base.h"
+#include "support/raw_sqlite.h"
 #include "support/run_benchmarks.h"
 
 #include <QCoreApplication>
@@ -108,7 +109,11 @@ struct Base {
             h.bind(5, QDate(2020, 1, 1).addDays(i)).bind(6, venta ? -5 * precio + 6 : 10 * precio + 6).exec();
         }
         t.commit();
+        crudo.open(s.Base_Datos->path());
     }
+
+    // The raw references go through a connection of their own.
+    bench::RawSqlite crudo;
 };
 
 Base &base()
@@ -126,15 +131,11 @@ void lotes()
 
 void lecturaCruda()
 {
-    static sqlite3_stmt *q = [] {
-        sqlite3_stmt *stmt = nullptr;
-        sqlite3_prepare_v2(base().s.Base_Datos->handle(),
-                           "select Cantidad, VALOR, operacionNum, Operacion, Entidad, precio_operacion, "
-                           "Fecha_operacion, Total_operacion from historico where Usuario = 1 and VALOR = ? "
-                           "order by Fecha_operacion",
-                           -1, &stmt, nullptr);
-        return stmt;
-    }();
+    static const bench::RawStmt st = base().crudo.prepare(
+        "select Cantidad, VALOR, operacionNum, Operacion, Entidad, precio_operacion, "
+        "Fecha_operacion, Total_operacion from historico where Usuario = 1 and VALOR = ? "
+        "order by Fecha_operacion");
+    sqlite3_stmt *q = st.get();
     sqlite3_bind_int(q, 1, kValor);
     double suma = 0;
     while (sqlite3_step(q) == SQLITE_ROW) {
@@ -155,14 +156,10 @@ void comision()
 
 void bandasCrudas()
 {
-    static sqlite3_stmt *q = [] {
-        sqlite3_stmt *stmt = nullptr;
-        sqlite3_prepare_v2(base().s.Base_Datos->handle(),
-                           "select NOMBRE, Tanto, minimo from comisiones where (Entidad = 1 or Entidad = 2) "
-                           "and desde <= 2500 and Hasta >= 2500",
-                           -1, &stmt, nullptr);
-        return stmt;
-    }();
+    static const bench::RawStmt st = base().crudo.prepare(
+        "select NOMBRE, Tanto, minimo from comisiones where (Entidad = 1 or Entidad = 2) "
+        "and desde <= 2500 and Hasta >= 2500");
+    sqlite3_stmt *q = st.get();
     double suma = 0;
     while (sqlite3_step(q) == SQLITE_ROW)
         suma += sqlite3_column_double(q, 1) + sqlite3_column_double(q, 2);
@@ -178,20 +175,17 @@ void compra()
 
 void dosInserciones()
 {
-    static sqlite3_stmt *c = nullptr, *h = nullptr;
-    sqlite3 *db = base().s.Base_Datos->handle();
-    if (!c) {
-        sqlite3_prepare_v2(db,
-                           "insert into cartera (Usuario, Cantidad, VALOR, Precio_Compra, Fecha_Compra, "
-                           "Total_Compra) values (2, 10, 11, 31.5, '2026-11-23', 323.5)",
-                           -1, &c, nullptr);
-        sqlite3_prepare_v2(
-            db,
-            "insert into historico (Usuario, Cantidad, VALOR, operacionNum, Operacion, Entidad, "
-            "precio_operacion, Fecha_operacion, Total_operacion) values (2, 10, 11, 2, "
-            "'23/11/26: Compra de 10 REPSOL por 323,5', 1, 31.5, '2026-11-23', 323.5)",
-            -1, &h, nullptr);
-    }
+    static const bench::RawStmt cs =
+        base().crudo.prepare("insert into cartera (Usuario, Cantidad, VALOR, Precio_Compra, Fecha_Compra, "
+                             "Total_Compra) values (2, "
+                             "10, 11, 31.5, '2026-11-23', 323.5)");
+    static const bench::RawStmt hs =
+        base().crudo.prepare("insert into historico (Usuario, Cantidad, VALOR, operacionNum, Operacion, "
+                             "Entidad, precio_operacion, "
+                             "Fecha_operacion, Total_operacion) values (2, 10, 11, 2, '23/11/26: Compra de "
+                             "10 REPSOL por 323,5', 1, "
+                             "31.5, '2026-11-23', 323.5)");
+    sqlite3_stmt *c = cs.get(), *h = hs.get();
     sqlite3_step(c);
     sqlite3_reset(c);
     sqlite3_step(h);

@@ -10,6 +10,7 @@
 #include "store/session.h"
 #include "store/ui.h"
 #include "support/full_base.h"
+#include "support/raw_sqlite.h"
 #include "support/run_benchmarks.h"
 
 #include <QCoreApplication>
@@ -65,8 +66,11 @@ struct Base {
             .exec();
         t.commit();
         Abrir_Empresas(s);
+        crudo.open(s.Base_Datos->path());
     }
-    sqlite3 *raw() const { return s.Base_Datos->handle(); }
+    // The raw references read through a connection of their own.
+    bench::RawSqlite crudo;
+    sqlite3 *raw() const { return crudo.handle(); }
 };
 
 Base &base()
