@@ -1,5 +1,3 @@
-#include "portfolio/beneficio.h"
-#include "portfolio/paquete.h"
 #include "store/historico_lectura.h"
 #include "store/query.h"
 #include "support/test_base.h"
@@ -41,12 +39,4 @@ TEST(LeerHistorico, ByDateThenAsWrittenForOneUserAndValue)
     EXPECT_EQ(uno[2].fecha, d1);
     EXPECT_EQ(uno[2].operacion, QStringLiteral("linea -600"));
     EXPECT_EQ(leerHistorico(db, 1).size(), 4u);
-
-    // Replayed, the sale uses up the earlier lot and takes the rest from the next.
-    Beneficio b;
-    for (const auto &l : uno)
-        b.Apuntar(Paquete_::de(l));
-    b.Fin();
-    EXPECT_EQ(double(b.Operaciones()->Vendidas), 20);
-    EXPECT_EQ(double(b.Operaciones()->Vendidas), 30);
 }
