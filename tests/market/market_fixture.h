@@ -25,40 +25,22 @@ class MarketTest : public ::testing::Test, protected SesionDePrueba
     void SetUp() override
     {
         s.hostLaBolsa = "http://127.0.0.1:9";
-        const char *rows[] = {
-            "insert into codigo_empresas values (1, 'IBEX 35', 'IBEX', 'IBEX 35', null)",
-            "insert into codigo_empresas values (10, 'BANCO SANTANDER', 'SAN', 'SANTANDER', 'RV011SAN')",
-            "insert into codigo_empresas values (11, 'TELEFONICA', 'TEF', 'TELEFONICA', 'RV011TEF')",
-            "insert into codigo_empresas values (12, 'REPSOL', 'REP', 'REPSOL', null)",
-            "insert into codigo_empresas values (13, 'BANCO SABADELL', 'SAB', 'SABADELL', 'RV011SAB')",
-            "insert into codigo_empresas values (15, 'BANCA MARCH', 'BAN', 'MARCH', null)",
-            "insert into www values ('TELEFONICA', 'tef#http://quotes.test/tef#', "
-            "'www.telefonica.com#http://www.telefonica.test#')",
-            "insert into bolsa (valor, fecha, anterior, ultimo, dif, volumen) values (10, #03-15-2024#, 4.4, "
-            "4.5, 2.4, 100)",
-            "insert into bolsa (valor, fecha, anterior, ultimo, dif, volumen) values (11, #03-15-2024#, 3.8, "
-            "3.75, -1.2, 200)",
-            "insert into bolsa (valor, fecha, anterior, ultimo, dif, volumen) values (12, #03-15-2024#, "
-            "13.3, 14, 5.6, 300)",
-            "insert into bolsa (valor, fecha, anterior, ultimo, dif, volumen) values (34001, #03-15-2024#, "
-            "1, 1.1, 10, 1)",
-            "insert into bolsa (valor, fecha, anterior, ultimo, dif, volumen) values (13, #03-14-2024#, 2, "
-            "2.1, 5, 400)",
-            "insert into bolsa (valor, fecha, anterior, ultimo, dif, volumen) values (10, #03-14-2024#, 4.3, "
-            "4.4, 2.3, 90)",
-            "update usuario_actual set usuario_actual = 1, fecha_actual = #03-15-2024#",
-            "insert into ibex values (10)",
-            "insert into ibex values (11)",
-            "insert into ibex values (13)",
-            "insert into cartera (usuario, valor, cantidad) values (1, 12, 100)",
-            "insert into cartera (usuario, valor, cantidad) values (1, 11, 250)",
-            "insert into faboritos (usuario, valor) values (1, 10)",
-            "insert into faboritos (usuario, valor) values (1, 13)",
-            "insert into faboritos (usuario, valor) values (1, 34001)",
-            "insert into faboritos (usuario, valor) values (2, 11)",
-        };
-        for (const char *row : rows)
-            base.db->execute(QString::fromUtf8(row));
+        base.db->executeNative(
+            "insert into codigo_empresas values (1, 'IBEX 35', 'IBEX', 'IBEX 35', null),"
+            " (10, 'BANCO SANTANDER', 'SAN', 'SANTANDER', 'RV011SAN'), (11, 'TELEFONICA', 'TEF', "
+            "'TELEFONICA', 'RV011TEF'),"
+            " (12, 'REPSOL', 'REP', 'REPSOL', null), (13, 'BANCO SABADELL', 'SAB', 'SABADELL', 'RV011SAB'),"
+            " (15, 'BANCA MARCH', 'BAN', 'MARCH', null);"
+            "insert into www values ('TELEFONICA', 'tef#http://quotes.test/tef#',"
+            " 'www.telefonica.com#http://www.telefonica.test#');"
+            "insert into bolsa (valor, fecha, anterior, ultimo, dif, volumen) values"
+            " (10, '2024-03-15', 4.4, 4.5, 2.4, 100), (11, '2024-03-15', 3.8, 3.75, -1.2, 200),"
+            " (12, '2024-03-15', 13.3, 14, 5.6, 300), (34001, '2024-03-15', 1, 1.1, 10, 1),"
+            " (13, '2024-03-14', 2, 2.1, 5, 400), (10, '2024-03-14', 4.3, 4.4, 2.3, 90);"
+            "insert into ibex values (10), (11), (13);"
+            "insert into cartera (usuario, valor, cantidad) values (1, 12, 100), (1, 11, 250);"
+            "insert into faboritos (usuario, valor) values (1, 10), (1, 13), (1, 34001), (2, 11);");
+        base.db->execute("update usuario_actual set usuario_actual = 1, fecha_actual = #03-15-2024#");
         Abrir_Empresas(s);
         s.Usuario_Numero = 1;
         s.Nombre_Usuario = "ana";

@@ -46,14 +46,10 @@ TEST_F(EnlaceTest, TheLinearSearchStopsAtTheFirstEntryNotBelowTheText)
         EXPECT_EQ(e.Listindex(), c.index) << c.text;
     }
     EXPECT_TRUE(eventos.empty()); // a search chooses nothing
-}
-
-TEST_F(EnlaceTest, AnEmptyListFindsNothing)
-{
     e.Clear();
     e.setText("X");
     EXPECT_FALSE(e.buscar());
-    EXPECT_EQ(e.Listindex(), -1);
+    EXPECT_EQ(e.Listindex(), -1); // an empty list finds nothing
 }
 
 TEST_F(EnlaceTest, WithTheListClosedKeysAreThrownAway)
@@ -161,19 +157,12 @@ TEST_F(EnlaceTest, TheFocusClearsTheChangeAndLosingItHidesTheList)
     EXPECT_EQ(eventos.size(), 1u);
 }
 
-TEST_F(EnlaceTest, PropertiesKeepWhatTheHolderStores)
+TEST_F(EnlaceTest, AnIndexOutsideTheListIsNone)
 {
-    e.Tabla = "operadores";
-    e.Edita = true;
     e.setListindex(9);
     EXPECT_EQ(e.Listindex(), -1);
     e.setListindex(1);
     EXPECT_EQ(e.Listindex(), 1);
-    EXPECT_EQ(e.List1().size(), 5);
-    e.Clear();
-    EXPECT_TRUE(e.List1().isEmpty());
-    EXPECT_EQ(e.Tabla, "operadores");
-    EXPECT_TRUE(e.Edita);
 }
 
 } // namespace

@@ -92,52 +92,36 @@ TEST_F(MarketTest, AnEmptyPortfolioStillShowsItsSeries)
     EXPECT_EQ(datos(), QList<double>{34002});
 }
 
-TEST_F(MarketTest, ADayWithoutQuotesEmptiesTodosButNotIbex)
+TEST_F(MarketTest, LlenarListaRepeatsTheLastStatementAndRecoversFromAFailedOne)
 {
-    base.db->execute("update usuario_actual set fecha_actual = #01-02-2024#");
-    nav->lista.todos();
-    EXPECT_TRUE(textos().isEmpty());
-    nav->lista.ibex();
-    EXPECT_EQ(textos().size(), 3);
-}
-
-TEST_F(MarketTest, LlenarListaKeepsThePortfolioSeriesOut)
-{
-    nav->lista.Llenar_lista("select valor, ultimo from bolsa_de_un_dia order by valor", "X");
-    EXPECT_EQ(datos(), (QList<double>{10, 11, 12}));
-    EXPECT_EQ(textos().first(), "SANTANDER  (4,5)");
-}
-
-TEST_F(MarketTest, LlenarListaWithoutTagDoesNothingAndWithoutStatementRepeatsTheLast)
-{
-    nav->lista.todos();
-    const QStringList before = textos();
-    const QString sql = nav->lista.Sql_Lista;
-
-    nav->lista.Llenar_lista("select valor, ultimo from bolsa_de_un_dia", "");
-    EXPECT_EQ(textos(), before);
-    EXPECT_EQ(nav->lista.Sql_Lista, sql);
-
-    nav->lista.List1.Clear();
-    nav->lista.Llenar_lista("", "OTRA VEZ");
-    EXPECT_EQ(textos(), before);
-    EXPECT_EQ(nav->lista.Sql_Lista, sql);
-}
-
-TEST_F(MarketTest, AFailedStatementRefillsTheListFromTheRecordsetBefore)
-{
-    nav->lista.ibex();
-    const QStringList before = textos();
-    nav->lista.Llenar_lista("select valor, nombre from codigo_empresas where nombre = 'O'NEIL'", "MAL");
-    EXPECT_EQ(textos(), before);
-    EXPECT_TRUE(ui.messages.empty()); // silent at the starting error mark
-}
-
-TEST_F(MarketTest, AFailedStatementWithNoRecordsetBeforeLeavesTheListEmpty)
-{
+    // A failure with no recordset before leaves the list empty.
     nav->lista.List1.AddItem("viejo");
     nav->lista.Llenar_lista("select * from no_existe", "MAL");
     EXPECT_TRUE(textos().isEmpty());
+
+    // A failure after a list refills it from the recordset before, silently.
+    nav->lista.ibex();
+    const QStringList ibex = textos();
+    nav->lista.Llenar_lista("select valor, nombre from codigo_empresas where nombre = 'O'NEIL'", "MAL");
+    EXPECT_EQ(textos(), ibex);
+    EXPECT_TRUE(ui.messages.empty());
+
+    // No tag: nothing happens; no statement: the last one again.
+    nav->lista.todos();
+    const QStringList todos = textos();
+    const QString sql = nav->lista.Sql_Lista;
+    nav->lista.Llenar_lista("select valor, ultimo from bolsa_de_un_dia", "");
+    EXPECT_EQ(textos(), todos);
+    EXPECT_EQ(nav->lista.Sql_Lista, sql);
+    nav->lista.List1.Clear();
+    nav->lista.Llenar_lista("", "OTRA VEZ");
+    EXPECT_EQ(textos(), todos);
+    EXPECT_EQ(nav->lista.Sql_Lista, sql);
+
+    // The portfolio series never enters a list.
+    nav->lista.Llenar_lista("select valor, ultimo from bolsa_de_un_dia order by valor", "X");
+    EXPECT_EQ(datos(), (QList<double>{10, 11, 12}));
+    EXPECT_EQ(textos().first(), "SANTANDER  (4,5)");
 }
 
 TEST_F(MarketTest, TheComboPicksTheList)
@@ -177,10 +161,9 @@ TEST_F(MarketTest, CategoriesGoRoundARingBothWays)
         nav->lista.AnteriorCategoria();
         EXPECT_EQ(nav->lista.Titul, c.previous);
     }
-}
-
-TEST_F(MarketTest, TheRingWithNoListCheckedStaysPut)
-{
+    // With no list checked the ring stays put.
+    nav->lista.List1.Clear();
+    nav->lista.marcas = {};
     nav->lista.Titul = "nada";
     nav->lista.SiguienteCategoria();
     nav->lista.AnteriorCategoria();
@@ -248,14 +231,10 @@ TEST_F(Categories, AnApostropheLeavesTheListAsItWas)
     EXPECT_EQ(textos(), QStringList{"TELEFONICA  (Mías)"});
     EXPECT_EQ(nav->lista.Titul, "Todos");
     EXPECT_TRUE(nav->lista.marcas.menu_todos);
-}
 
-TEST_F(Categories, AUserWithoutCategoriesKeepsTheList)
-{
-    nav->lista.ibex();
-    s.Usuario_Numero = 7;
+    s.Usuario_Numero = 7; // no categories: the list stays
     nav->lista.menu_categorias_personales_Click();
-    EXPECT_EQ(textos().size(), 3);
+    EXPECT_EQ(textos(), QStringList{"TELEFONICA  (Mías)"});
 }
 
 TEST_F(MarketTest, QualquierValorDrawsFromTheDaysValues)
@@ -272,9 +251,13 @@ TEST_F(MarketTest, QualquierValorDrawsFromTheDaysValues)
     }
 }
 
-TEST_F(MarketTest, QualquierValorOnADayWithoutQuotesKeepsTheAnswer)
+TEST_F(MarketTest, ADayWithoutQuotesEmptiesTodosButNotIbexAndDrawsNothing)
 {
     base.db->execute("update usuario_actual set fecha_actual = #01-02-2024#");
+    nav->lista.todos();
+    EXPECT_TRUE(textos().isEmpty());
+    nav->lista.ibex();
+    EXPECT_EQ(textos().size(), 3);
     double valor = 42;
     nav->lista.qualquier_valor(valor);
     EXPECT_EQ(valor, 42);

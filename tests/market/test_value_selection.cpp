@@ -26,20 +26,24 @@ class Selection : public MarketTest
 
 TEST_F(Selection, AClickSelectsTheEntrysValueAndRunsTheStepsInOrder)
 {
-    nav->lista.todos();
-    click(2);
-    EXPECT_EQ(nav->seleccion.Text1(), "TELEFONICA");
-    EXPECT_EQ(nav->seleccion.Codigo_Valor, 11);
-    EXPECT_EQ(calls, (QStringList{"quitar:", "dibujar 11", "pesta"}));
-}
-
-TEST_F(Selection, ThePortfolioEntryBringsItsSeriesUpToDateFirst)
-{
-    nav->lista.Cartera();
-    click(2);
-    EXPECT_EQ(nav->seleccion.Text1(), "CARTERA ana");
-    EXPECT_EQ(nav->seleccion.Codigo_Valor, 34001);
-    EXPECT_EQ(calls, (QStringList{"serie 1", "quitar:", "dibujar 34001", "pesta"}));
+    const struct {
+        void (ListaValores::*lista)();
+        const char *text1;
+        double codigo;
+        QStringList pasos; // the portfolio brings its series up to date first
+    } casos[] = {
+        {&ListaValores::todos, "TELEFONICA", 11, {"quitar:", "dibujar 11", "pesta"}},
+        {&ListaValores::Cartera, "CARTERA ana", 34001, {"serie 1", "quitar:", "dibujar 34001", "pesta"}},
+    };
+    for (const auto &c : casos) {
+        SCOPED_TRACE(c.text1);
+        calls.clear();
+        (nav->lista.*c.lista)();
+        click(2);
+        EXPECT_EQ(nav->seleccion.Text1(), c.text1);
+        EXPECT_EQ(nav->seleccion.Codigo_Valor, c.codigo);
+        EXPECT_EQ(calls, c.pasos);
+    }
 }
 
 TEST_F(Selection, AClickWithNoEntrySelectedIsSkipped)
@@ -54,16 +58,13 @@ TEST_F(Selection, AClickWithNoEntrySelectedIsSkipped)
     EXPECT_EQ(cuenta("select count(*) from comentarios where codigo = 12"), 1); // the note was still saved
 }
 
-TEST_F(Selection, TheSameValueAgainIsNoChange)
+TEST_F(Selection, TheSameValueAgainIsNoChangeAndAbsentHooksDoNothing)
 {
     nav->seleccion.setText1("REPSOL");
     calls.clear();
     nav->seleccion.setText1("REPSOL");
     EXPECT_TRUE(calls.isEmpty());
-}
 
-TEST_F(Selection, AbsentHooksDoNothing)
-{
     nav->seleccion.ganchos = {};
     nav->seleccion.setText1("CARTERA ana");
     nav->seleccion.setText1("TELEFONICA");
@@ -157,14 +158,11 @@ TEST_F(Selection, DroppingTheLastDateOnTheImageAsksAndDeletesThatDay)
     EXPECT_EQ(ui.messages[0].style, 36);
     EXPECT_EQ(ui.messages[0].title, "Atención");
     EXPECT_TRUE(calls.isEmpty()); // nothing is redrawn
-}
 
-TEST_F(Selection, DroppingAnyOtherControlDoesNothing)
-{
-    ui.answers = {mb::Yes};
-    nav->seleccion.Image1_DragDrop("Fecha_Inicio", QDate(2024, 3, 15));
-    EXPECT_TRUE(ui.messages.empty());
-    EXPECT_EQ(cuenta("select count(*) from bolsa"), 6);
+    ui.answers = {mb::Yes}; // any other control dropped does nothing
+    nav->seleccion.Image1_DragDrop("Fecha_Inicio", QDate(2024, 3, 14));
+    EXPECT_EQ(ui.messages.size(), 2u);
+    EXPECT_EQ(cuenta("select count(*) from bolsa"), 2);
 }
 
 TEST(PopupMenus, ARightClickOpensTheMenuOfTheControl)
