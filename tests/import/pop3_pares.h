@@ -3,8 +3,6 @@
 // which can refuse in any state, cut a reply into packets, fall silent or
 // hang up; and a real Dovecot started on a loopback port from a
 // configuration of its own, with a maildir that the test fills.
-#include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QTcpServer>
@@ -13,37 +11,14 @@
 #include <functional>
 
 #include "import/dovecot_pop3.h"
+#include "support/esperar.h"
 
 namespace tesorel::testing::correo
 {
 
 inline void aplicacion()
 {
-    static int argc = 1;
-    static char nombre[] = "test";
-    static char *argv[] = {nombre, nullptr};
-    if (!QCoreApplication::instance())
-        new QCoreApplication(argc, argv); // lives as long as the process
-}
-
-// Runs events until `condicion` holds or `ms` pass; whether it held.
-inline bool esperarA(const std::function<bool()> &condicion, int ms = 10000)
-{
-    aplicacion();
-    QDeadlineTimer limite(ms);
-    while (!condicion()) {
-        if (limite.hasExpired())
-            return false;
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
-    }
-    return true;
-}
-
-inline quint16 puertoLibre()
-{
-    QTcpServer sonda;
-    sonda.listen(QHostAddress::LocalHost, 0);
-    return sonda.serverPort();
+    aplicacionDePrueba();
 }
 
 // A message as the server sends it for RETR: dot-stuffed, CR LF lines.

@@ -10,21 +10,15 @@
 
 #include "online/chat_cliente.h"
 #include "online/chat_tramas.h"
-#include "online/soporte_online.h"
 #include "store/session.h"
 #include "store/ui.h"
+#include "support/esperar.h"
 
 using namespace tesorel;
+using namespace tesorel::testing;
 
 namespace
 {
-
-quint16 puertoLibre()
-{
-    QTcpServer sonda;
-    sonda.listen(QHostAddress::LocalHost, 0);
-    return sonda.serverPort();
-}
 
 struct Puesto {
     QTemporaryDir dir;
@@ -57,11 +51,7 @@ class ConChatd : public ::testing::Test
         puerto_ = puertoLibre();
         chatd_.start(TESOREL_CHATD, {"--port", QString::number(puerto_)});
         ASSERT_TRUE(chatd_.waitForStarted());
-        ASSERT_TRUE(esperarA([&] {
-            QTcpSocket s;
-            s.connectToHost(QHostAddress::LocalHost, puerto_);
-            return s.waitForConnected(100);
-        }));
+        ASSERT_TRUE(esperarPuerto(puerto_));
     }
     void TearDown() override
     {

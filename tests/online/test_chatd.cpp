@@ -5,10 +5,11 @@
 #include <QTcpSocket>
 
 #include "online/servidor_chat.h"
-#include "online/soporte_online.h"
 #include "online/tramas_servidor.h"
+#include "support/esperar.h"
 
 using namespace tesorel;
+using namespace tesorel::testing;
 
 namespace
 {

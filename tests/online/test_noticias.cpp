@@ -4,18 +4,16 @@
 
 #include <QElapsedTimer>
 #include <QFile>
-#include <QHash>
-#include <QTcpServer>
-#include <QTcpSocket>
 #include <QTemporaryDir>
 
+#include "import/web_servidor.h"
 #include "online/noticias.h"
-#include "online/soporte_online.h"
 #include "store/session.h"
 #include "store/ui.h"
+#include "support/esperar.h"
 
-using namespace tesorel;
-
+namespace tesorel::testing
+{
 namespace
 {
 
@@ -44,42 +42,6 @@ TEST(Noticias, ScannerAndRepair)
     EXPECT_EQ(Lineas_Del_Archivo("a\r\n\x80\r\n"), QStringList({"a", QStringLiteral("€")}));
 }
 
-// Answers each GET from a table of paths; a path that is not there gets a
-// 404, and a server told to keep quiet never answers.
-class ServidorWeb
-{
-  public:
-    QHash<QByteArray, QByteArray> paginas;
-    QList<QByteArray> pedidas;
-    bool callado = false;
-
-    ServidorWeb()
-    {
-        servidor_.listen(QHostAddress::LocalHost, 0);
-        QObject::connect(&servidor_, &QTcpServer::newConnection, [this] {
-            while (QTcpSocket *s = servidor_.nextPendingConnection())
-                QObject::connect(s, &QTcpSocket::readyRead, s, [this, s] { atender(s); });
-        });
-    }
-    QString sitio() const { return QStringLiteral("http://127.0.0.1:%1").arg(servidor_.serverPort()); }
-
-  private:
-    void atender(QTcpSocket *s)
-    {
-        const QByteArray peticion = s->readAll();
-        const QByteArray ruta = peticion.split(' ').value(1);
-        pedidas << ruta;
-        if (callado)
-            return;
-        const bool hay = paginas.contains(ruta);
-        const QByteArray cuerpo = paginas.value(ruta, "no");
-        s->write(QByteArray(hay ? "HTTP/1.1 200 OK\r\n" : "HTTP/1.1 404 Not Found\r\n") + "Content-Length: " +
-                 QByteArray::number(cuerpo.size()) + "\r\nConnection: close\r\n\r\n" + cuerpo);
-        s->disconnectFromHost();
-    }
-    QTcpServer servidor_;
-};
-
 struct Puesto {
     // The application first: a server made before it never hears its connections.
     QCoreApplication &app = aplicacionDePrueba();
@@ -92,9 +54,8 @@ struct Puesto {
     // the others get a loaded machine's worth of it.
     explicit Puesto(int limiteMs = 10000)
     {
-        aplicacionDePrueba();
         AjustesOnline a;
-        a.sitioNoticias = web.sitio();
+        a.sitioNoticias = web.base();
         a.limiteNoticiasMs = limiteMs;
         noticias = std::make_unique<Noticias>(s, a);
         noticias->Yahoono = true;
@@ -128,7 +89,7 @@ TEST(Noticias, PagesFromLoopback)
         SCOPED_TRACE(c.nombre);
         Puesto p;
         if (!c.pagina.isEmpty())
-            p.web.paginas.insert("/n/T/TEF.mc.html", c.pagina);
+            p.web.rutas["/n/T/TEF.mc.html"] = {c.pagina};
         p.noticias->Yahoo_Click();
         EXPECT_EQ(p.noticias->YahooNoticias, c.titulares);
         EXPECT_EQ(p.noticias->Yahoourl, c.enlaces);
@@ -139,7 +100,7 @@ TEST(Noticias, PagesFromLoopback)
 TEST(Noticias, ASilentServerGivesNoDisponibleWithinTheLimit)
 {
     Puesto p(1000);
-    p.web.callado = true;
+    p.web.rutas["/n/T/TEF.mc.html"] = {{}, ServidorWeb::Modo::Silencio};
     QElapsedTimer reloj;
     reloj.start();
     p.noticias->Yahoo_Click();
@@ -153,11 +114,11 @@ TEST(Noticias, TheTickerKeepsItsCaseAndTheUntickedBoxAsksNothing)
 {
     Puesto p;
     p.s.Abreviatura_Actual = "sAn";
-    p.web.paginas.insert("/n/s/sAn.mc.html", "<li><a href=\"http://n/9\">Nueve</a>\r\nfin\r\n");
+    p.web.rutas["/n/s/sAn.mc.html"] = {"<li><a href=\"http://n/9\">Nueve</a>\r\nfin\r\n"};
     QStringList vistas;
     p.noticias->alCambiar = [&] { vistas << p.noticias->YahooNoticias.join('|'); };
     p.noticias->Yahoo_Click();
-    EXPECT_EQ(p.web.pedidas, QList<QByteArray>{"/n/s/sAn.mc.html"});
+    EXPECT_EQ(p.web.pedidos, QList<QByteArray>{"/n/s/sAn.mc.html"});
     EXPECT_EQ(vistas.value(0), "Conectando...");
     p.noticias->YahooNoticias_DblClick(0);
     EXPECT_EQ(p.ui.opened, QStringList{"http://n/9"});
@@ -168,7 +129,8 @@ TEST(Noticias, TheTickerKeepsItsCaseAndTheUntickedBoxAsksNothing)
     p.noticias->Yahoono = false;
     p.noticias->Yahoo_Click();
     EXPECT_TRUE(p.noticias->YahooNoticias.isEmpty());
-    EXPECT_EQ(p.web.pedidas.size(), 1);
+    EXPECT_EQ(p.web.pedidos.size(), 1);
 }
 
 } // namespace
+} // namespace tesorel::testing
