@@ -2,7 +2,9 @@
 #include "store/base_builder.h"
 #include "store/database.h"
 
+#include <QProcess>
 #include <QString>
+#include <QStringList>
 #include <QTemporaryDir>
 #include <memory>
 #include <ostream>
@@ -37,5 +39,38 @@ class SampleBase
 
 // One number or text from a query, read through the store.
 QVariant scalar(Database &db, const QString &statement);
+
+// The real tesorel-cli run to its end. `codigo` is -1 when it crashed or hung.
+struct SalidaCli {
+    int codigo = -1;
+    QString out, err;
+    QStringList lineas() const { return out.split('\n', Qt::SkipEmptyParts); }
+};
+SalidaCli correrCli(const QStringList &args, int limiteMs = 300000);
+QString rutaCli();
+
+// A writable copy of the sample base in a folder of its own, which the
+// test may also fill with files.
+struct CopiaDeMuestra {
+    QTemporaryDir dir;
+    QString base = dir.filePath("base1.mdb");
+    CopiaDeMuestra();
+    std::shared_ptr<Database> open() const { return Database::open(base); }
+    QVariant valor(const QString &statement) const { return scalar(*open(), statement); }
+};
+
+// Writes `bytes` to `path`, making its folder.
+void escribirArchivo(const QString &path, const QByteArray &bytes);
+
+// python3's http.server serving `carpeta` on a loopback port of its choosing
+// (empty `puerto` if it never said which). It ends when its standard input
+// closes, so that no server outlives the test.
+struct ServidorHttp {
+    QProcess proceso;
+    QString puerto;
+    explicit ServidorHttp(const QString &carpeta);
+    ~ServidorHttp();
+    QString base() const { return "http://127.0.0.1:" + puerto; }
+};
 
 } // namespace tesorel::testing

@@ -1,7 +1,6 @@
 #include "sample_base.h"
 
 #include <QFile>
-#include <QProcess>
 #include <gtest/gtest.h>
 
 namespace tesorel::testing
@@ -9,26 +8,15 @@ namespace tesorel::testing
 namespace
 {
 
-int cli(const QStringList &args, QString *out = nullptr)
-{
-    QProcess p;
-    p.start(QStringLiteral(TESOREL_BINARY_DIR "/app/tesorel-cli"), args);
-    if (!p.waitForFinished(120000))
-        return -1;
-    if (out)
-        *out = QString::fromUtf8(p.readAllStandardOutput());
-    return p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;
-}
-
 TEST(ChartCommand, PngAndCsvOfAWindow)
 {
     SampleBase &b = SampleBase::instance();
     const QString png = b.tempFile("itx.png"), csv = b.tempFile("itx.csv");
-    QString out;
-    ASSERT_EQ(cli({"chart", b.path(), QStringLiteral("INDUSTRIA DE DISEÑO TEXTIL"), "--png", png, "--csv",
-                   csv, "--days", "100", "--splits", "--indicator", "2", "--mediat", "20,5", "--candle"},
-                  &out),
-              0);
+    ASSERT_EQ(
+        correrCli({"chart", b.path(), QStringLiteral("INDUSTRIA DE DISEÑO TEXTIL"), "--png", png, "--csv",
+                   csv, "--days", "100", "--splits", "--indicator", "2", "--mediat", "20,5", "--candle"})
+            .codigo,
+        0);
     // The PNG header: its signature, then the width and height of IHDR.
     QFile image(png);
     ASSERT_TRUE(image.open(QIODevice::ReadOnly));
@@ -57,13 +45,12 @@ TEST(ChartCommand, PngAndCsvOfAWindow)
 TEST(ChartCommand, SplitNoteOfTheWholeSeries)
 {
     SampleBase &b = SampleBase::instance();
-    QString out;
-    ASSERT_EQ(cli({"chart", b.path(), QStringLiteral("INDUSTRIA DE DISEÑO TEXTIL"), "--png",
-                   b.tempFile("s.png"), "--splits"},
-                  &out),
-              0);
-    EXPECT_TRUE(out.startsWith(QStringLiteral("lunes, 2 de junio de 2025 : Split x  "))) << out.toStdString();
-    EXPECT_EQ(cli({"chart", b.path(), "X", "--png"}), 2);
+    const SalidaCli o = correrCli({"chart", b.path(), QStringLiteral("INDUSTRIA DE DISEÑO TEXTIL"), "--png",
+                                   b.tempFile("s.png"), "--splits"});
+    ASSERT_EQ(o.codigo, 0);
+    EXPECT_TRUE(o.out.startsWith(QStringLiteral("lunes, 2 de junio de 2025 : Split x  ")))
+        << o.out.toStdString();
+    EXPECT_EQ(correrCli({"chart", b.path(), "X", "--png"}).codigo, 2);
 }
 
 } // namespace

@@ -1,44 +1,14 @@
 #include "sample_base.h"
 
 #include <QFile>
-#include <QProcess>
 #include <QRegularExpression>
 #include <gtest/gtest.h>
 
 using namespace tesorel;
 using tesorel::testing::SampleBase;
 
-namespace
-{
-
-struct Outcome {
-    int exitCode = -1;
-    QString out, err;
-};
-
-Outcome runCli(const QStringList &args)
-{
-    const QString exe = QStringLiteral(TESOREL_BINARY_DIR "/app/tesorel-cli");
-    Outcome o;
-    if (!QFile::exists(exe)) {
-        ADD_FAILURE() << "build tesorel-cli first: " << exe.toStdString();
-        return o;
-    }
-    QProcess p;
-    p.start(exe, args);
-    if (!p.waitForFinished(120000)) {
-        ADD_FAILURE() << "tesorel-cli did not finish";
-        p.kill();
-        p.waitForFinished();
-        return o;
-    }
-    o.exitCode = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;
-    o.out = QString::fromUtf8(p.readAllStandardOutput());
-    o.err = QString::fromUtf8(p.readAllStandardError());
-    return o;
-}
-
-} // namespace
+using tesorel::testing::correrCli;
+using Outcome = tesorel::testing::SalidaCli;
 
 TEST(CliProgram, ExitCodesAndMessages)
 {
@@ -62,8 +32,8 @@ TEST(CliProgram, ExitCodesAndMessages)
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.args.join(' ').toStdString());
-        const Outcome o = runCli(c.args);
-        EXPECT_EQ(o.exitCode, c.exitCode);
+        const Outcome o = correrCli(c.args);
+        EXPECT_EQ(o.codigo, c.exitCode);
         EXPECT_TRUE(QRegularExpression(c.stderrPattern).match(o.err).hasMatch()) << o.err.toStdString();
         EXPECT_TRUE(o.out.isEmpty()) << o.out.toStdString();
     }
@@ -90,8 +60,8 @@ TEST(CliProgram, RowsAsTabSeparatedText)
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.statement);
-        const Outcome o = runCli({"sql", base, c.statement});
-        EXPECT_EQ(o.exitCode, 0) << o.err.toStdString();
+        const Outcome o = correrCli({"sql", base, c.statement});
+        EXPECT_EQ(o.codigo, 0) << o.err.toStdString();
         EXPECT_EQ(o.out, QString::fromUtf8(c.output));
     }
 }
@@ -99,8 +69,8 @@ TEST(CliProgram, RowsAsTabSeparatedText)
 TEST(CliProgram, NumbersReadBackExactly)
 {
     const Outcome o =
-        runCli({"sql", SampleBase::instance().path(), "select ultimo, efect, dif from bolsa_de_un_dia"});
-    ASSERT_EQ(o.exitCode, 0) << o.err.toStdString();
+        correrCli({"sql", SampleBase::instance().path(), "select ultimo, efect, dif from bolsa_de_un_dia"});
+    ASSERT_EQ(o.codigo, 0) << o.err.toStdString();
     QStringList lines = o.out.split('\n', Qt::SkipEmptyParts);
     ASSERT_EQ(lines.takeFirst(), "ULTIMO\tEFECT\tDIF");
     ASSERT_EQ(lines.size(), 131);
@@ -114,13 +84,12 @@ TEST(CliProgram, NumbersReadBackExactly)
 
 TEST(CliProgram, StatementsThatChangeRowsPrintNoRows)
 {
-    const QString copy = SampleBase::instance().tempFile("changed.mdb");
-    QFile::remove(copy);
-    ASSERT_TRUE(QFile::copy(SampleBase::instance().path(), copy));
-    const Outcome del = runCli({"sql", copy, "delete * from bolsa where [fecha] = #11-20-26#"});
-    EXPECT_EQ(del.exitCode, 0) << del.err.toStdString();
+    const tesorel::testing::CopiaDeMuestra copia;
+    const QString &copy = copia.base;
+    const Outcome del = correrCli({"sql", copy, "delete * from bolsa where [fecha] = #11-20-26#"});
+    EXPECT_EQ(del.codigo, 0) << del.err.toStdString();
     EXPECT_TRUE(del.out.isEmpty());
-    const Outcome last = runCli({"sql", copy, "Ultimodia"});
+    const Outcome last = correrCli({"sql", copy, "Ultimodia"});
     EXPECT_EQ(last.out, QString::fromUtf8("Máxdefecha\n2026-11-19\n"));
 }
 
@@ -128,8 +97,8 @@ TEST(CliProgram, MakebaseBuildsANewFile)
 {
     const QString path = SampleBase::instance().tempFile("cli-made.mdb");
     QFile::remove(path);
-    const Outcome o = runCli({"makebase", path, "--data", SampleBase::dataDir()});
-    EXPECT_EQ(o.exitCode, 0) << o.err.toStdString();
-    const Outcome count = runCli({"sql", path, "select count(*) as n from operadores"});
+    const Outcome o = correrCli({"makebase", path, "--data", SampleBase::dataDir()});
+    EXPECT_EQ(o.codigo, 0) << o.err.toStdString();
+    const Outcome count = correrCli({"sql", path, "select count(*) as n from operadores"});
     EXPECT_EQ(count.out, "n\n6\n");
 }

@@ -3,7 +3,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <gtest/gtest.h>
 
 namespace tesorel::testing
@@ -13,24 +12,15 @@ namespace
 
 int ledger(const QStringList &args, QString *out = nullptr)
 {
-    QProcess p;
-    p.start(QStringLiteral(TESOREL_BINARY_DIR "/app/tesorel-cli"), QStringList{"ledger"} + args);
-    if (!p.waitForFinished(120000))
-        return -1;
+    const SalidaCli o = correrCli(QStringList{"ledger"} + args);
     if (out)
-        *out = QString::fromUtf8(p.readAllStandardOutput());
-    return p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;
+        *out = o.out;
+    return o.codigo;
 }
-
-struct Copia {
-    QTemporaryDir dir;
-    QString base = dir.filePath("base1.mdb");
-    Copia() { QFile::copy(SampleBase::instance().path(), base); }
-};
 
 TEST(LedgerCommand, RowsFilteredAndSortedAsTheWindowShowsThem)
 {
-    Copia c;
+    CopiaDeMuestra c;
     const struct {
         QStringList opciones;
         QStringList primeras; // the first cells of each row: date, verb, value
@@ -59,7 +49,7 @@ TEST(LedgerCommand, RowsFilteredAndSortedAsTheWindowShowsThem)
 
 TEST(LedgerCommand, ReportAndTaxExportOfTheListedRows)
 {
-    Copia c;
+    CopiaDeMuestra c;
     const QString html = c.dir.filePath("h.htm");
     ASSERT_TRUE(QDir(c.dir.path()).mkpath("AEAT/txe2005"));
     QString out;

@@ -3,10 +3,7 @@
 #include "import/dovecot_pop3.h"
 #include "sample_base.h"
 
-#include <QDir>
 #include <QFile>
-#include <QProcess>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 namespace tesorel::testing
@@ -16,11 +13,9 @@ namespace
 
 QStringList correr(const QStringList &args)
 {
-    QProcess p;
-    p.start(QStringLiteral(TESOREL_BINARY_DIR "/app/tesorel-cli"), args);
-    EXPECT_TRUE(p.waitForFinished(60000));
-    EXPECT_EQ(p.exitCode(), 0) << p.readAllStandardError().toStdString();
-    return QString::fromUtf8(p.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts);
+    const SalidaCli o = correrCli(args);
+    EXPECT_EQ(o.codigo, 0) << o.err.toStdString();
+    return o.lineas();
 }
 
 TEST(MailCommand, DovecotDejaLosDiasEnMail)
@@ -31,14 +26,13 @@ TEST(MailCommand, DovecotDejaLosDiasEnMail)
     const QString fallo = dovecot.arrancar();
     ASSERT_TRUE(fallo.isEmpty()) << fallo.toStdString();
 
-    QTemporaryDir trabajo;
-    const QString base = trabajo.filePath("base1.mdb");
-    ASSERT_TRUE(QFile::copy(SampleBase::instance().path(), base));
-    Database::open(base)->execute("update Usuario set Direccion = '" + dovecot.host() +
-                                  "', CodigoPost = 'demo' where clave = 1");
+    CopiaDeMuestra trabajo;
+    const QString &base = trabajo.base;
+    trabajo.open()->execute("update Usuario set Direccion = '" + dovecot.host() +
+                            "', CodigoPost = 'demo' where clave = 1");
 
     EXPECT_EQ(correr({"mail", base, "--user", "1", "--password", "secreto"}), QStringList());
-    QFile dia(trabajo.filePath("mail/231124.txt"));
+    QFile dia(trabajo.dir.filePath("mail/231124.txt"));
     ASSERT_TRUE(dia.open(QIODevice::ReadOnly));
     EXPECT_EQ(dia.readAll(), "TEF;1\r\nSAN;2\r\n\r\n");
 

@@ -1,7 +1,5 @@
 #include "sample_base.h"
 
-#include <QFile>
-#include <QProcess>
 #include <gtest/gtest.h>
 
 namespace tesorel::testing
@@ -18,19 +16,11 @@ struct Salida {
 
 Salida quotes(const QStringList &opciones)
 {
-    SampleBase &b = SampleBase::instance();
-    const QString copia = b.tempFile("quotes.mdb");
-    QFile::remove(copia);
-    QFile::copy(b.path(), copia);
-    QFile::setPermissions(copia, QFile::ReadOwner | QFile::WriteOwner);
-    QProcess p;
-    p.start(QStringLiteral(TESOREL_BINARY_DIR "/app/tesorel-cli"), QStringList{"quotes", copia} + opciones);
+    const CopiaDeMuestra copia;
+    const SalidaCli o = correrCli(QStringList{"quotes", copia.base} + opciones);
     Salida out;
-    if (!p.waitForFinished(120000) || p.exitStatus() != QProcess::NormalExit)
-        return out;
-    out.codigo = p.exitCode();
-    for (const QString &linea :
-         QString::fromUtf8(p.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts)) {
+    out.codigo = o.codigo;
+    for (const QString &linea : o.lineas()) {
         const QStringList campos = linea.split('\t');
         if (campos.size() == 2)
             out.cuentas.insert(campos[0], campos[1].toInt());
