@@ -75,6 +75,11 @@ TEST_F(Valoracion, APositionValuedInEurosAndPesetas)
     EXPECT_EQ(ventana.Label1_1400, "199.663 ");
     ventana.setMoneda("X");
     EXPECT_EQ(ventana.visualizar(1200), "");
+
+    // Days count from the clock, not from the session's date.
+    s.hoyFijo = QDate(2025, 3, 1);
+    ventana.Form_Load();
+    EXPECT_EQ(ventana.filas[0].Dias, "365  ");
 }
 
 TEST_F(Valoracion, AValueWithoutAQuoteOnTheDayIsWorthNothing)
@@ -90,15 +95,6 @@ TEST_F(Valoracion, AValueWithoutAQuoteOnTheDayIsWorthNothing)
     EXPECT_EQ(b.Beneficio, "  -500,00 ");
     EXPECT_EQ(ventana.Label1_1400, "1.200,00 ");
     EXPECT_EQ(ventana.Label1_800, "-306,00 ");
-}
-
-TEST_F(Valoracion, DaysCountFromTheClockNotFromTheSessionDate)
-{
-    posicion(1, 1, 10, 10, QDate(2024, 3, 1));
-    cotizacion(1, kDia, 12);
-    s.hoyFijo = QDate(2025, 3, 1);
-    ventana.Form_Load();
-    EXPECT_EQ(ventana.filas[0].Dias, "365  ");
 }
 
 TEST_F(Valoracion, SortsByEachKeyInBothDirections)
