@@ -125,20 +125,35 @@ void CliUi::DoEvents()
     QCoreApplication::processEvents();
 }
 
+namespace
+{
+// Every failure reported becomes an `error` line, shown in a dialog or not.
+void imprimirErrores(EstadoDeErrores &errores)
+{
+    errores.alRegistrarError = [](const RuntimeError &e) {
+        imprimirLinea({QStringLiteral("error"), QString::number(e.number()), unaLinea(e.description())});
+    };
+}
+
+// --today stands for the machine's date wherever a window reads the clock.
+void fijarHoy(ValorYFechas &fechas, const Argumentos &a)
+{
+    if (!a.tiene(QStringLiteral("--today")))
+        return;
+    const QDate hoy = QDate::fromString(a.valor(QStringLiteral("--today")), Qt::ISODate);
+    if (!hoy.isValid())
+        throw RuntimeError(err::EngineError, QStringLiteral("Fecha no válida en --today"));
+    fechas.hoyFijo = hoy;
+}
+} // namespace
+
 SesionCli::SesionCli(const Argumentos &a, const QString &rutaBase)
 {
     const QFileInfo info(rutaBase);
     s_ = std::make_unique<Session>(ui, info.absolutePath());
     Session &s = *s_;
-    s.alRegistrarError = [](const RuntimeError &e) {
-        imprimirLinea({QStringLiteral("error"), QString::number(e.number()), unaLinea(e.description())});
-    };
-    if (a.tiene(QStringLiteral("--today"))) {
-        const QDate hoy = QDate::fromString(a.valor(QStringLiteral("--today")), Qt::ISODate);
-        if (!hoy.isValid())
-            throw RuntimeError(err::EngineError, QStringLiteral("Fecha no válida en --today"));
-        s.hoyFijo = hoy;
-    }
+    imprimirErrores(s);
+    fijarHoy(s, a);
     s.abrirBase(info.absoluteFilePath());
     Abrir_Empresas(s);
 

@@ -53,7 +53,10 @@ int IndiceEmpresas::buscarCodigo(double code)
     return ultima;
 }
 
-Session::Session(Ui &ui_, const QString &carpetaAplicacion) : ui(ui_), carpeta(carpetaAplicacion) {}
+Session::Session(Ui &ui_, const QString &carpetaAplicacion) : ui(ui_)
+{
+    carpeta = carpetaAplicacion;
+}
 
 Session::~Session() = default;
 

@@ -42,10 +42,55 @@ struct IndiceEmpresas {
     int buscarCodigo(double code);
 };
 
-// All state that the windows share: the open base, the companies, the
-// user, the value's side information, the error mark. One per program;
-// tests make as many as they like.
-class Session
+// The logged-in user: its number and name, and the object that reads its
+// interval and mail settings (made by the main window's Load).
+struct UsuarioDeSesion {
+    double Usuario_Numero = 0;
+    std::unique_ptr<Usuario> Usuario_Sesion;
+    QString Nombre_Usuario;
+    double Maximo_Dias_Sesion = 0; // the days a chart shows
+};
+
+// The value on show and the days the windows work on.
+struct ValorYFechas {
+    QString Codigo_Invertia;
+    QString Abreviatura_Actual;
+    double Valor_Cartera_Edicion = 0;
+    std::array<QDate, 2> Fechas_Serie; // last day of the portfolio series, last stored quote
+    // The main window's "Logaritmica" tick, read by the chart scale.
+    bool Logaritmica = false;
+
+    // The machine's date wherever a window reads the clock; a fixed day
+    // stands for it when set (the command line's --today, tests).
+    std::optional<QDate> hoyFijo;
+    QDate Hoy() const { return hoyFijo ? *hoyFijo : QDate::currentDate(); }
+};
+
+// Where a failure is reported: the mark of the step that runs, the routine
+// that shows and files it, and who else is told.
+struct EstadoDeErrores {
+    double Ubicacion_Error = 0;
+    ErrorRoutine errores;
+    // Told of every failure reported, whether or not the routine shows its
+    // dialog (the command line prints them all).
+    std::function<void(const RuntimeError &)> alRegistrarError;
+};
+
+// What the program is set to: its folder, the connection, the hosts of the
+// links and downloads (settings, never hard-wired in code).
+struct AjustesDeSesion {
+    QString carpeta; // the application folder: base, error.txt, tmp, mail
+    bool Hay_Conexion = false;
+    bool Permitir_Conexion = false;
+    QString hostLaBolsa = "https://www.labolsa.com";
+};
+
+// All state that the windows share, in typed parts that a function can take
+// alone when it needs no more (a report needs the errors, a link the
+// settings): the user, the value and days, the error state and the settings,
+// plus the open base and its companies. One per program; tests make as many
+// as they like.
+class Session : public UsuarioDeSesion, public ValorYFechas, public EstadoDeErrores, public AjustesDeSesion
 {
   public:
     Session(Ui &ui, const QString &carpetaAplicacion);
@@ -54,44 +99,14 @@ class Session
     Session &operator=(const Session &) = delete;
 
     Ui &ui;
-    QString carpeta; // the application folder: base, error.txt, tmp, mail
 
+    // The open base, its recordsets and the companies in memory.
     std::shared_ptr<Database> Base_Datos;
     std::unique_ptr<Recordset> Tabla_Empresas;
     std::unique_ptr<Recordset> Tabla_Actual;
     std::unique_ptr<Recordset> Fechas_rs, Usuario_Actual_rs, Historico_rs;
     IndiceEmpresas empresas;
-
-    // The logged-in user: its number, and the object that reads its
-    // interval and mail settings (made by the main window's Load).
-    double Usuario_Numero = 0;
-    std::unique_ptr<Usuario> Usuario_Sesion;
-    QString Nombre_Usuario;
-    double Maximo_Dias_Sesion = 0;
-    QString Codigo_Invertia;
-    QString Abreviatura_Actual;
-    bool Hay_Conexion = false;
-    bool Permitir_Conexion = false;
-    double Ubicacion_Error = 0;
-    double Valor_Cartera_Edicion = 0;
     bool Examinar_Cancelado = false;
-    std::array<QDate, 2> Fechas_Serie; // last day of the portfolio series, last stored quote
-
-    // The main window's "Logaritmica" tick, read by the chart scale.
-    bool Logaritmica = false;
-
-    // Hosts of the links and downloads: settings, never hard-wired in code.
-    QString hostLaBolsa = "https://www.labolsa.com";
-
-    ErrorRoutine errores;
-    // Told of every failure reported, whether or not the routine shows its
-    // dialog (the command line prints them all).
-    std::function<void(const RuntimeError &)> alRegistrarError;
-
-    // The machine's date wherever a window reads the clock; a fixed day
-    // stands for it when set (the command line's --today, tests).
-    std::optional<QDate> hoyFijo;
-    QDate Hoy() const { return hoyFijo ? *hoyFijo : QDate::currentDate(); }
 
     // Reports a failure through the error routine with the current mark.
     void Registrar_Error(const RuntimeError &error);
