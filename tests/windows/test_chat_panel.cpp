@@ -4,8 +4,8 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QTemporaryDir>
 
+#include "support/test_base.h"
 #include "test_principal_support.h"
 #include "windows/chat_panel.h"
 
@@ -14,20 +14,11 @@ namespace tesorel::testing
 namespace
 {
 
-struct Puesto {
-    QTemporaryDir dir;
-    ScriptedUi ui;
-    Session s{ui, dir.path()};
-    Puesto()
-    {
-        app();
-        s.Hay_Conexion = true;
-    }
-};
-
 TEST(ChatPanel, ABlankNickIsRefusedAndTheUpArrowRecalls)
 {
-    Puesto p;
+    app();
+    SesionDePrueba p;
+    p.s.Hay_Conexion = true;
     ChatPanel panel(
         p.s, {}, [] { return QStringLiteral("v"); }, nullptr);
     EXPECT_EQ(hijo<QPlainTextEdit>(&panel, "Chat")->toPlainText(), "Sin Conexión ...");

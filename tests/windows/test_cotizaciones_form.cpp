@@ -7,6 +7,7 @@
 #include <QTabBar>
 
 #include "store/query.h"
+#include "support/esperar.h"
 #include "windows/cotizaciones_form.h"
 #include "windows/test_principal_support.h"
 
@@ -15,16 +16,6 @@ using namespace tesorel::testing;
 
 namespace
 {
-
-// Lets events run until `listo` holds or two seconds pass.
-bool esperar(const std::function<bool()> &listo)
-{
-    QElapsedTimer reloj;
-    reloj.start();
-    while (!listo() && reloj.elapsed() < 2000)
-        QApplication::processEvents(QEventLoop::AllEvents, 20);
-    return listo();
-}
 
 // Texts that do not fit in their control, as "name: text".
 QStringList recortados(QWidget *ventana)
@@ -54,7 +45,7 @@ TEST_F(CotizacionesVentana, StepsSortsFitsTheScreenAndLandsOnTheChartOfARow)
     guion.luego("Cotizaciones", [&](QWidget *w) {
         auto *f = static_cast<CotizacionesForm *>(w);
         Cotizaciones &m = f->modelo();
-        if (!esperar([&] { return m.NumReg > 0; })) {
+        if (!esperarA([&] { return m.NumReg > 0; })) {
             fallos << "no rows drawn";
             f->reject();
             return;
@@ -76,7 +67,7 @@ TEST_F(CotizacionesVentana, StepsSortsFitsTheScreenAndLandsOnTheChartOfARow)
         // The day before waits for the timer; then the value's own tab.
         const QString dia = m.Text1();
         hijo<QPushButton>(f, "Command1")->click();
-        if (!esperar([&] { return m.Text1() != dia; }))
+        if (!esperarA([&] { return m.Text1() != dia; }))
             fallos << "day before not drawn";
         auto *pestanas = hijo<QTabBar>(f, QStringLiteral("pestaña"));
         emit pestanas->tabBarClicked(4);

@@ -1,106 +1,70 @@
+// The incremental combo's widget: keys and clicks reach its model, the list
+// opens under the control and the choice comes back to the text box. What
+// the model does with them is tested on the model.
 #include <gtest/gtest.h>
 
-#include <QApplication>
-#include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QToolButton>
 #include <memory>
 
+#include "test_principal_support.h"
 #include "windows/enlace_widget.h"
 
-using namespace tesorel;
-
+namespace tesorel::testing
+{
 namespace
 {
 
-// The application lives from before the first test to after the last, and
-// goes before the exit handlers of the process run.
-class AppEnvironment : public ::testing::Environment
+void teclear(QWidget *w, const QString &texto)
 {
-  public:
-    void SetUp() override
-    {
-        if (!QCoreApplication::instance())
-            owned_ = std::make_unique<QApplication>(argc_, argv_);
+    for (QChar c : texto) {
+        QKeyEvent pulsar(QEvent::KeyPress, c.toUpper().unicode(), Qt::NoModifier, QString(c));
+        QApplication::sendEvent(w, &pulsar);
     }
-    void TearDown() override { owned_.reset(); }
-
-  private:
-    int argc_ = 1;
-    char name_[19] = "test_enlace_widget";
-    char *argv_[2] = {name_, nullptr};
-    std::unique_ptr<QApplication> owned_;
-};
-[[maybe_unused]] auto *const appEnvironment = ::testing::AddGlobalTestEnvironment(new AppEnvironment);
-
-void pulsar(QWidget *target, int key, const QString &text = {})
-{
-    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
-    QApplication::sendEvent(target, &press);
-    QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier, text);
-    QApplication::sendEvent(target, &release);
 }
 
-void teclear(QWidget *target, const QString &text)
-{
-    for (QChar c : text)
-        pulsar(target, c.toUpper().unicode(), c); // Latin keys have their capital's code
-}
-
-class EnlaceWidgetTest : public ::testing::Test
-{
-  protected:
-    std::unique_ptr<QWidget> owner;
-    QWidget &window = *owner;
+struct EnlaceWidgetTest : ::testing::Test {
+    QWidget ventana;
     EnlaceWidget *combo = nullptr;
     QLineEdit *text1 = nullptr;
-    QToolButton *flecha = nullptr;
     int eventos[4] = {0, 0, 0, 0};
 
-    EnlaceWidgetTest() : owner(std::make_unique<QWidget>()) {}
-
+    static void SetUpTestSuite() { app(); }
     void SetUp() override
     {
-        window.resize(300, 300);
-        combo = new EnlaceWidget(&window);
+        ventana.resize(300, 300);
+        combo = new EnlaceWidget(&ventana);
         combo->setGeometry(10, 10, 200, 24);
         for (const char *item : {"BBVA", "IBERDROLA", "REPSOL", "SANTANDER", "TELEFONICA"})
             combo->Additem(item);
         QObject::connect(combo, &EnlaceWidget::evento1, [this] { ++eventos[1]; });
         QObject::connect(combo, &EnlaceWidget::evento2, [this] { ++eventos[2]; });
-        QObject::connect(combo, &EnlaceWidget::evento3, [this] { ++eventos[3]; });
-        window.show();
-        text1 = window.findChild<QLineEdit *>("Text1");
-        flecha = window.findChild<QToolButton *>("Flecha");
-        ASSERT_TRUE(text1 && flecha);
+        ventana.show();
+        text1 = hijo<QLineEdit>(&ventana, "Text1");
     }
-    QListWidget *list1() const { return window.findChild<QListWidget *>("List1"); }
+    QListWidget *list1() { return hijo<QListWidget>(&ventana, "List1"); }
 };
 
-TEST_F(EnlaceWidgetTest, TypingWithTheListClosedChangesNothing)
+TEST_F(EnlaceWidgetTest, KeysAreThrownAwayUntilTheArrowOpensTheListThenReturnChooses)
 {
     combo->setText("BBVA");
     teclear(text1, "xy");
     EXPECT_EQ(text1->text(), "BBVA");
     EXPECT_FALSE(list1()->isVisible());
-    EXPECT_EQ(eventos[2], 0);
-}
 
-TEST_F(EnlaceWidgetTest, OpenWithTheArrowTypeAndReturnChooses)
-{
-    flecha->click();
+    hijo<QToolButton>(&ventana, "Flecha")->click();
     ASSERT_TRUE(list1()->isVisible());
     EXPECT_EQ(eventos[1], 1);
-    EXPECT_GE(list1()->mapTo(&window, QPoint(0, 0)).y(), 10 + 24); // under the control
-
+    EXPECT_GE(list1()->mapTo(&ventana, QPoint(0, 0)).y(), 10 + 24); // under the control
+    combo->setText("");
     teclear(text1, "re");
     EXPECT_EQ(text1->text(), "re");
     EXPECT_EQ(list1()->currentRow(), 2);
-    pulsar(text1, Qt::Key_Down);
+    tecla(text1, Qt::Key_Down);
     EXPECT_EQ(list1()->currentRow(), 3);
-
-    pulsar(text1, Qt::Key_Return);
+    EXPECT_EQ(eventos[2], 0);
+    tecla(text1, Qt::Key_Return);
     EXPECT_EQ(eventos[2], 1);
     EXPECT_EQ(combo->Text(), "SANTANDER");
     EXPECT_EQ(text1->text(), "SANTANDER");
@@ -109,12 +73,12 @@ TEST_F(EnlaceWidgetTest, OpenWithTheArrowTypeAndReturnChooses)
 
 TEST_F(EnlaceWidgetTest, AClickOnAnEntryChooses)
 {
-    flecha->click();
-    QListWidget *list = list1();
-    emit list->itemClicked(list->item(1));
+    hijo<QToolButton>(&ventana, "Flecha")->click();
+    emit list1()->itemClicked(list1()->item(1));
     EXPECT_EQ(text1->text(), "IBERDROLA");
     EXPECT_EQ(eventos[2], 1);
-    EXPECT_FALSE(list->isVisible());
+    EXPECT_FALSE(list1()->isVisible());
 }
 
 } // namespace
+} // namespace tesorel::testing

@@ -63,11 +63,6 @@ TEST_F(HistoricoVentana, SortsEditsALineAndDeletesAnother)
     EXPECT_EQ(q.number(0), 1);
 }
 
-} // namespace
-
-namespace
-{
-
 TEST_F(HistoricoVentana, ADoubleClickOnTheTabsOpensTheLedger)
 {
     Guion guion;

@@ -93,8 +93,7 @@ TEST_F(VentanasImportacion, ImportarRunsOnEnterAndClosesWithTheNewestDay)
         EXPECT_EQ(sp.ui.messages[0].prompt, "La recogida de correo no está disponible.");
         EXPECT_EQ(sp.ui.messages[1].prompt, "Subdirectorio no valido");
         text1->setText(datos);
-        QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
-        QApplication::sendEvent(text1, &enter);
+        tecla(text1, Qt::Key_Return);
         EXPECT_EQ(d.result(), QDialog::Accepted);
     }
     EXPECT_EQ(texto("select VALOR || ' ' || ULTIMO from bolsa where FECHA = '2024-05-03'"), "10 9.5");

@@ -8,6 +8,7 @@
 
 #include "import/web_servidor.h"
 #include "store/recordset.h"
+#include "support/esperar.h"
 #include "support/test_base.h"
 #include "windows/importinet_dialog.h"
 
@@ -40,10 +41,7 @@ TEST_F(VentanaWeb, RunsWhenShownAndShowsItsLists)
     a.Importar = [&] { ++importar; };
     ImportinetDialog v(p.s, f, a);
     v.show();
-    QElapsedTimer t;
-    t.start();
-    while (w<QPushButton>(v, "Command1")->text() != "Aceptar" && t.elapsed() < 10000)
-        QApplication::processEvents(QEventLoop::AllEvents, 20);
+    esperarA([&] { return w<QPushButton>(v, "Command1")->text() == "Aceptar"; });
 
     EXPECT_EQ(w<QLabel>(v, "Label1")->text(), Importinet::TextoFin);
     EXPECT_EQ(w<QProgressBar>(v, "Shape1")->value(), Importinet::Shape1_Width);
@@ -74,14 +72,6 @@ TEST_F(VentanaWeb, CancelarStopsTheRunAfterTheRequestUnderWay)
     EXPECT_TRUE(v.modelo().fallo.isEmpty());
     EXPECT_EQ(silencioso.pedidos.size(), 1); // the two days after it were never asked for
 }
-
-} // namespace
-} // namespace tesorel::testing
-
-namespace tesorel::testing
-{
-namespace
-{
 
 // The main window's Importar button on a base whose last day is past:
 // the window works through the days served on loopback and they reach bolsa.
