@@ -42,11 +42,12 @@ std::shared_ptr<Database> Database::openHandle(const QString &path, int flags)
     std::shared_ptr<Database> base(new Database(db, path));
     sqlite3_extended_result_codes(db, 1);
     sqlite3_busy_timeout(db, 2000);
-    // One value's rows lie scattered over the whole quote table: map the
-    // file and keep a large page cache, so that walking them costs memory
-    // reads and not a system call per page.
+    // A large page cache and no mapping of the file: a value's series is
+    // read from its covering index (a few hundred pages), while the walk of
+    // the days hops the date index across the whole file, and a mapped file
+    // would make every page it touches resident, with its neighbours.
     base->executeNative(QStringLiteral("PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL; "
-                                       "PRAGMA foreign_keys=OFF; PRAGMA mmap_size=1073741824; "
+                                       "PRAGMA foreign_keys=OFF; PRAGMA mmap_size=0; "
                                        "PRAGMA cache_size=-65536;"));
     registerJetFunctions(db);
     return base;

@@ -19,7 +19,6 @@ Recordset::Recordset(std::shared_ptr<Database> db, const QString &source) : d(ne
     d->h = d->db->handle();
     d->plan = planSource(d->h, source);
     d->open();
-    d->start();
 }
 
 Recordset::Recordset(std::shared_ptr<Database> db, SourcePlan plan, const QString &source)
@@ -29,7 +28,6 @@ Recordset::Recordset(std::shared_ptr<Database> db, SourcePlan plan, const QStrin
     d->h = d->db->handle();
     d->plan = std::move(plan);
     d->open();
-    d->start();
 }
 
 Recordset::~Recordset()
@@ -40,19 +38,23 @@ Recordset::~Recordset()
 
 bool Recordset::Bof() const
 {
+    d->start();
     return d->bof;
 }
 bool Recordset::Eof() const
 {
+    d->start();
     return d->eof;
 }
 long Recordset::RecordCount()
 {
+    d->start();
     return d->recordCount();
 }
 
 long Recordset::AbsolutePosition() const
 {
+    d->start();
     if (d->where != Impl::Where::OnRow)
         return -1;
     return d->keyset() ? d->keysetPosition() : d->index;
@@ -60,6 +62,7 @@ long Recordset::AbsolutePosition() const
 
 void Recordset::setAbsolutePosition(long position)
 {
+    d->start();
     if (position < 0)
         throw RuntimeError(err::InvalidArgument, u"Argumento no válido."_s);
     if (d->keyset()) {
@@ -77,6 +80,7 @@ void Recordset::setAbsolutePosition(long position)
 
 void Recordset::MoveFirst()
 {
+    d->start();
     d->editing = Impl::Editing::None;
     if (d->keyset()) {
         if (!d->startKeyset(kNoRowid))
@@ -90,6 +94,7 @@ void Recordset::MoveFirst()
 
 void Recordset::MoveLast()
 {
+    d->start();
     d->editing = Impl::Editing::None;
     if (d->keyset()) {
         const qint64 id = d->singleRowid(u"SELECT rowid"_s + d->plan.fromWhere(u"rowid > ?1"_s) +
@@ -108,6 +113,7 @@ void Recordset::MoveLast()
 
 void Recordset::MoveNext()
 {
+    d->start();
     if (d->eof)
         noCurrentRecord();
     Move(1);
@@ -115,6 +121,7 @@ void Recordset::MoveNext()
 
 void Recordset::MovePrevious()
 {
+    d->start();
     if (d->bof)
         noCurrentRecord();
     Move(-1);
@@ -122,6 +129,7 @@ void Recordset::MovePrevious()
 
 void Recordset::Move(long rows)
 {
+    d->start();
     using W = Impl::Where;
     d->editing = Impl::Editing::None;
     if (d->where == W::BeforeFirst || d->where == W::AfterLast) {
@@ -147,18 +155,22 @@ void Recordset::Move(long rows)
 
 void Recordset::FindFirst(const QString &criteria)
 {
+    d->start();
     d->find(criteria, true, true);
 }
 void Recordset::FindNext(const QString &criteria)
 {
+    d->start();
     d->find(criteria, true, false);
 }
 void Recordset::FindLast(const QString &criteria)
 {
+    d->start();
     d->find(criteria, false, true);
 }
 void Recordset::FindPrevious(const QString &criteria)
 {
+    d->start();
     d->find(criteria, false, false);
 }
 bool Recordset::NoMatch() const
@@ -185,6 +197,7 @@ std::unique_ptr<Recordset> Recordset::OpenRecordset()
 
 void Recordset::AddNew()
 {
+    d->start();
     d->requireUpdatable();
     d->editing = Impl::Editing::Adding;
     d->buffer.clear();
@@ -192,6 +205,7 @@ void Recordset::AddNew()
 
 void Recordset::Edit()
 {
+    d->start();
     d->requireUpdatable();
     d->requireRow();
     d->editing = Impl::Editing::Changing;
@@ -200,6 +214,7 @@ void Recordset::Edit()
 
 void Recordset::Update()
 {
+    d->start();
     d->update();
 }
 
@@ -211,6 +226,7 @@ void Recordset::CancelUpdate()
 
 void Recordset::Delete()
 {
+    d->start();
     d->remove();
 }
 
@@ -232,6 +248,7 @@ QVariant Recordset::field(const QString &name) const
 
 QVariant Recordset::field(int index) const
 {
+    d->start();
     d->checkIndex(index);
     if (d->editing != Impl::Editing::None) {
         const auto found = d->buffer.constFind(index);

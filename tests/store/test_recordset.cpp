@@ -305,4 +305,21 @@ TEST_F(SmallBase, DeletedRowInTheMiddleOfAKeysetWalk)
     EXPECT_EQ(rs->RecordCount(), 4);
 }
 
+// A source opened only to be filtered and opened again is never run: a
+// statement that fails in the engine (abs of the smallest whole number)
+// fails at the first read of the filtered set, not at either open.
+TEST_F(SmallBase, OpeningToFilterRunsNothingUntilTheFirstRead)
+{
+    fill(3);
+    for (const char *source :
+         {"select abs(-9223372036854775807 - 1) + valor as x, valor from quotes",
+          "select abs(-9223372036854775807 - 1) + valor as x, valor from quotes order by valor"}) {
+        std::unique_ptr<Recordset> filtered;
+        auto rs = base->openRecordset(QString::fromUtf8(source));
+        rs->setFilter(QStringLiteral("[valor] > 0"));
+        ASSERT_NO_THROW(filtered = rs->OpenRecordset()) << source;
+        EXPECT_NE(errorNumber([&] { filtered->Eof(); }), 0) << source;
+    }
+}
+
 } // namespace
