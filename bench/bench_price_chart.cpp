@@ -9,6 +9,7 @@
 #include "store/session.h"
 #include "store/ui.h"
 #include "support/full_base.h"
+#include "support/raw_sqlite.h"
 
 #include <QGuiApplication>
 #include <QImage>
@@ -119,7 +120,7 @@ BENCHMARK(BM_DibujarGrafica6000Dias)
 // indicator lines of the same points as device-pixel polylines.
 struct Suelo {
     Ventana v{2999};
-    std::shared_ptr<Database> db;
+    bench::RawSqlite db;
     QImage i1{kW, kPrecio, QImage::Format_RGB32}, i2{kW, kVolumen, QImage::Format_RGB32},
         i3{kW, kIndicador, QImage::Format_RGB32};
     static constexpr int puntos = 2999;
@@ -127,7 +128,7 @@ struct Suelo {
     Suelo()
     {
         v.dibujar();
-        db = Database::open(basePath());
+        db.open(basePath());
     }
 
     void polilineas(QImage &img, const grafica &g, int sets, double lo, double hi)
@@ -146,14 +147,11 @@ struct Suelo {
 
     void medir()
     {
-        sqlite3_stmt *st = nullptr;
-        sqlite3_prepare_v2(db->handle(), "SELECT * FROM bolsa WHERE valor = 1 ORDER BY fecha", -1, &st,
-                           nullptr);
+        const bench::RawStmt st = db.prepare("SELECT * FROM bolsa WHERE valor = 1 ORDER BY fecha");
         double suma = 0;
-        while (sqlite3_step(st) == SQLITE_ROW)
+        while (sqlite3_step(st.get()) == SQLITE_ROW)
             for (int c = 2; c < 9; ++c)
-                suma += sqlite3_column_double(st, c);
-        sqlite3_finalize(st);
+                suma += sqlite3_column_double(st.get(), c);
         benchmark::DoNotOptimize(suma);
         polilineas(i1, v.g.GraficaPrecio, 8, v.g.minimoGrafica, v.g.maximoGrafica);
         polilineas(i2, v.g.GraficaVolumen, 1, 0, 100000);

@@ -29,6 +29,7 @@
 #include "store/ui.h"
 #include "store/usuario.h"
 #include "support/full_base.h"
+#include "support/raw_sqlite.h"
 #include "support/run_benchmarks.h"
 
 using namespace tesorel;
@@ -48,6 +49,7 @@ struct Mercado {
     ScriptedUi ui;
     std::unique_ptr<Session> s;
     QByteArray ultimoDia;
+    bench::RawSqlite crudoDb; // the raw reference's own connection
 
     Mercado()
     {
@@ -69,6 +71,7 @@ struct Mercado {
         s->Usuario_Sesion->setFechaInicial(ultimo.addYears(-1));
         s->Usuario_Sesion->setFechaFinal(ultimo);
         s->Base_Datos->executeNative(QStringLiteral("UPDATE Usuario_Actual SET USUARIO_ACTUAL = 1;"));
+        crudoDb.open(ruta);
     }
 
     // The window on the last day, sorted by the change, descending.
@@ -89,18 +92,16 @@ struct Mercado {
     // The same rows straight from SQLite, every column read.
     long crudo(const char *sql, bool conDia)
     {
-        sqlite3_stmt *st = nullptr;
-        sqlite3_prepare_v2(s->Base_Datos->handle(), sql, -1, &st, nullptr);
+        const bench::RawStmt st = crudoDb.prepare(sql);
         if (conDia)
-            sqlite3_bind_text(st, 1, ultimoDia.constData(), int(ultimoDia.size()), SQLITE_STATIC);
+            sqlite3_bind_text(st.get(), 1, ultimoDia.constData(), int(ultimoDia.size()), SQLITE_STATIC);
         long filas = 0;
         double suma = 0;
-        while (sqlite3_step(st) == SQLITE_ROW) {
+        while (sqlite3_step(st.get()) == SQLITE_ROW) {
             for (int i = 0; i < 8; ++i)
-                suma += sqlite3_column_double(st, i);
+                suma += sqlite3_column_double(st.get(), i);
             ++filas;
         }
-        sqlite3_finalize(st);
         benchmark::DoNotOptimize(suma);
         return filas;
     }

@@ -6,6 +6,7 @@
 #include "store/quote_cursor.h"
 #include "store/recordset.h"
 #include "support/full_base.h"
+#include "support/raw_sqlite.h"
 
 #include <benchmark/benchmark.h>
 #include <chrono>
@@ -116,24 +117,23 @@ void BM_AddNewVersusRawInsert(benchmark::State &state)
         viaRecordset->commit();
         recordsetSeconds += std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count();
 
-        auto raw = Database::open(bench::emptyBasePath());
+        bench::RawSqlite raw(bench::emptyBasePath());
         t0 = std::chrono::steady_clock::now();
-        sqlite3 *h = raw->handle();
-        sqlite3_exec(h, "BEGIN", nullptr, nullptr, nullptr);
-        sqlite3_stmt *insert = nullptr;
-        sqlite3_prepare_v2(h, "INSERT INTO bolsa (VALOR, FECHA, ULTIMO, ANTERIOR) VALUES (?1, ?2, ?3, ?4)",
-                           -1, &insert, nullptr);
-        for (int i = 0; i < kRows; ++i) {
-            const QByteArray day = QDate(2024, 1, 1).addDays(i / 160).toString(Qt::ISODate).toLatin1();
-            sqlite3_bind_int(insert, 1, i % 160);
-            sqlite3_bind_text(insert, 2, day.constData(), int(day.size()), SQLITE_TRANSIENT);
-            sqlite3_bind_double(insert, 3, 1.5 + i);
-            sqlite3_bind_double(insert, 4, 1.0 + i);
-            sqlite3_step(insert);
-            sqlite3_reset(insert);
+        raw.exec("BEGIN");
+        {
+            const bench::RawStmt insert =
+                raw.prepare("INSERT INTO bolsa (VALOR, FECHA, ULTIMO, ANTERIOR) VALUES (?1, ?2, ?3, ?4)");
+            for (int i = 0; i < kRows; ++i) {
+                const QByteArray day = QDate(2024, 1, 1).addDays(i / 160).toString(Qt::ISODate).toLatin1();
+                sqlite3_bind_int(insert.get(), 1, i % 160);
+                sqlite3_bind_text(insert.get(), 2, day.constData(), int(day.size()), SQLITE_TRANSIENT);
+                sqlite3_bind_double(insert.get(), 3, 1.5 + i);
+                sqlite3_bind_double(insert.get(), 4, 1.0 + i);
+                sqlite3_step(insert.get());
+                sqlite3_reset(insert.get());
+            }
         }
-        sqlite3_finalize(insert);
-        sqlite3_exec(h, "COMMIT", nullptr, nullptr, nullptr);
+        raw.exec("COMMIT");
         rawSeconds += std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count();
     }
     const double n = double(state.iterations()) * kRows;
