@@ -47,7 +47,8 @@ PanelLotes::Celdas celdasDe(const PanelLotes::Fila &f, bool conFecha)
 void Recalcular_Lotes(Session &s, double valor, const VentaEnCurso &venta, PanelLotes &panel)
 {
     Beneficio b;
-    for (const LineaHistorico &linea : leerHistorico(*s.Base_Datos, s.Usuario_Numero, valor))
+    for (const LineaHistorico &linea :
+         leerHistorico(*s.Base_Datos, s.Usuario_Numero, valor, FraseDeLinea::Omitir))
         b.Apuntar(Paquete_::de(linea));
     b.Normalizar();
     if (Numero_Val(venta.total) != 0)

@@ -25,11 +25,14 @@ LineaHistorico leerLinea(const Query &q)
 
 } // namespace
 
-std::vector<LineaHistorico> leerHistorico(Database &db, double usuario, std::optional<double> valor)
+std::vector<LineaHistorico> leerHistorico(Database &db, double usuario, std::optional<double> valor,
+                                          FraseDeLinea frase)
 {
-    static const QString campos =
-        QStringLiteral("select Usuario, Cantidad, VALOR, operacionNum, Operacion, Entidad, precio_operacion, "
-                       "Fecha_operacion, Total_operacion from historico where usuario = ?");
+    const QString campos =
+        QStringLiteral("select Usuario, Cantidad, VALOR, operacionNum, ") +
+        (frase == FraseDeLinea::Leer ? QStringLiteral("Operacion") : QStringLiteral("''")) +
+        QStringLiteral(", Entidad, precio_operacion, Fecha_operacion, Total_operacion from "
+                       "historico where usuario = ?");
     Query q(db, valor ? campos + QStringLiteral(" and valor = ? order by fecha_operacion, rowid")
                       : campos + QStringLiteral(" order by fecha_operacion, rowid"));
     q.bind(1, usuario);

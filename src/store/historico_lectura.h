@@ -23,9 +23,14 @@ struct LineaHistorico {
     double total = 0;
 };
 
+// Whether the sentence of each line is read: a replay of the lots does
+// without it, and reads a long ledger faster.
+enum class FraseDeLinea { Leer, Omitir };
+
 // The user's ledger (or one value's part of it) by date of operation,
 // lines of one day in the order they were written: the order in which
 // the lots are replayed and the operation marks are drawn.
-std::vector<LineaHistorico> leerHistorico(Database &db, double usuario, std::optional<double> valor = {});
+std::vector<LineaHistorico> leerHistorico(Database &db, double usuario, std::optional<double> valor = {},
+                                          FraseDeLinea frase = FraseDeLinea::Leer);
 
 } // namespace tesorel

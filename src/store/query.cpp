@@ -110,7 +110,26 @@ QString Query::text(int column) const
 }
 QDate Query::date(int column) const
 {
-    return isNull(column) ? QDate() : QDate::fromString(text(column).left(10), Qt::ISODate);
+    if (isNull(column))
+        return QDate();
+    // The store writes days as "yyyy-MM-dd", maybe with a time after them: the
+    // digits are read in place, since a ledger replay reads a date per line.
+    // Anything else goes the long way.
+    const auto *b = reinterpret_cast<const char *>(sqlite3_column_text(stmt_, column));
+    const int n = sqlite3_column_bytes(stmt_, column);
+    if (b && n >= 10 && b[4] == '-' && b[7] == '-') {
+        int campos[3] = {0, 0, 0};
+        const int desde[3] = {0, 5, 8}, largo[3] = {4, 2, 2};
+        bool digitos = true;
+        for (int k = 0; k < 3; ++k)
+            for (int i = desde[k]; i < desde[k] + largo[k]; ++i) {
+                digitos = digitos && b[i] >= '0' && b[i] <= '9';
+                campos[k] = campos[k] * 10 + (b[i] - '0');
+            }
+        if (digitos)
+            return QDate(campos[0], campos[1], campos[2]);
+    }
+    return QDate::fromString(text(column).left(10), Qt::ISODate);
 }
 QVariant Query::value(int column) const
 {

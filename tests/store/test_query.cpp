@@ -54,6 +54,27 @@ TEST_F(SmallBase, NullsDatesAndMisuse)
     EXPECT_THROW(Query(*base, QStringLiteral("select * from quotes where NOMBRE = 'x")), RuntimeError);
 }
 
+TEST_F(SmallBase, DatesReadFromTheStoredText)
+{
+    const struct {
+        const char *texto;
+        QDate dia;
+    } casos[] = {{"2024-02-05", QDate(2024, 2, 5)},
+                 {"2024-02-05 00:00:00", QDate(2024, 2, 5)},
+                 {"2024-02-05T10:30:00", QDate(2024, 2, 5)},
+                 {"2024-02-30", QDate()},
+                 {"2024-13-01", QDate()},
+                 {"05/02/2024", QDate()},
+                 {"2024-0a-05", QDate()},
+                 {"2024-02-05x", QDate(2024, 2, 5)}};
+    for (const auto &c : casos) {
+        Query q(*base, QStringLiteral("select ?"));
+        q.bind(1, QString::fromLatin1(c.texto));
+        ASSERT_TRUE(q.next());
+        EXPECT_EQ(q.date(0), c.dia) << c.texto;
+    }
+}
+
 TEST_F(SmallBase, TwoLiveQueriesOfOneTextDoNotShareTheirPlace)
 {
     fill(3);
