@@ -142,7 +142,8 @@ CREATE TABLE historico (
     Fecha_operacion DATE,
     Total_operacion DOUBLE
 );
-CREATE INDEX historico_Usuario_VALOR ON historico (Usuario, VALOR);
+-- A value's ledger in date order, as the lots are replayed, without a sort.
+CREATE INDEX historico_Usuario_VALOR ON historico (Usuario, VALOR, Fecha_operacion);
 CREATE INDEX historico_Usuario_Fecha ON historico (Usuario, Fecha_operacion);
 
 CREATE TABLE operadores (

@@ -47,9 +47,8 @@ PanelLotes::Celdas celdasDe(const PanelLotes::Fila &f, bool conFecha)
 void Recalcular_Lotes(Session &s, double valor, const VentaEnCurso &venta, PanelLotes &panel)
 {
     Beneficio b;
-    for (const LineaHistorico &linea :
-         leerHistorico(*s.Base_Datos, s.Usuario_Numero, valor, FraseDeLinea::Omitir))
-        b.Apuntar(Paquete_::de(linea));
+    recorrerHistorico(*s.Base_Datos, s.Usuario_Numero, valor, FraseDeLinea::Omitir,
+                      [&b](const LineaHistorico &linea) { b.Apuntar(Paquete_::de(linea)); });
     b.Normalizar();
     if (Numero_Val(venta.total) != 0)
         b.Venta(CDate(venta.fecha), -Numero_Val(venta.cantidad),

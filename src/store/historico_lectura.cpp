@@ -25,8 +25,8 @@ LineaHistorico leerLinea(const Query &q)
 
 } // namespace
 
-std::vector<LineaHistorico> leerHistorico(Database &db, double usuario, std::optional<double> valor,
-                                          FraseDeLinea frase)
+void recorrerHistorico(Database &db, double usuario, std::optional<double> valor, FraseDeLinea frase,
+                       const std::function<void(const LineaHistorico &)> &cada)
 {
     const QString campos =
         QStringLiteral("select Usuario, Cantidad, VALOR, operacionNum, ") +
@@ -38,9 +38,15 @@ std::vector<LineaHistorico> leerHistorico(Database &db, double usuario, std::opt
     q.bind(1, usuario);
     if (valor)
         q.bind(2, *valor);
-    std::vector<LineaHistorico> lineas;
     while (q.next())
-        lineas.push_back(leerLinea(q));
+        cada(leerLinea(q));
+}
+
+std::vector<LineaHistorico> leerHistorico(Database &db, double usuario, std::optional<double> valor,
+                                          FraseDeLinea frase)
+{
+    std::vector<LineaHistorico> lineas;
+    recorrerHistorico(db, usuario, valor, frase, [&](const LineaHistorico &l) { lineas.push_back(l); });
     return lineas;
 }
 

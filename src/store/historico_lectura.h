@@ -1,6 +1,7 @@
 #pragma once
 #include <QDate>
 #include <QString>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -32,5 +33,10 @@ enum class FraseDeLinea { Leer, Omitir };
 // the lots are replayed and the operation marks are drawn.
 std::vector<LineaHistorico> leerHistorico(Database &db, double usuario, std::optional<double> valor = {},
                                           FraseDeLinea frase = FraseDeLinea::Leer);
+
+// The same lines handed one by one to `cada`, for a reader that keeps none
+// of them (a long ledger then costs no list in memory).
+void recorrerHistorico(Database &db, double usuario, std::optional<double> valor, FraseDeLinea frase,
+                       const std::function<void(const LineaHistorico &)> &cada);
 
 } // namespace tesorel
