@@ -5,8 +5,8 @@
 #include <QFont>
 #include <QStandardPaths>
 
+#include "core/nombres_comandos.h"
 #include "principal/comandos.h"
-#include "principal/nombres_comandos.h"
 #include "store/app_folder.h"
 #include "store/session.h"
 #include "users/login.h"

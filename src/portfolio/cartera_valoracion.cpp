@@ -3,7 +3,9 @@
 #include <algorithm>
 
 #include "core/format.h"
+#include "core/nombres_comandos.h"
 #include "core/numbers.h"
+#include "core/paleta.h"
 #include "portfolio/serie_cartera.h"
 #include "store/database.h"
 #include "store/helpers.h"
@@ -16,7 +18,6 @@ namespace tesorel
 
 namespace
 {
-constexpr int kVerde = 0x008000, kRojo = 0x0000C0, kNegro = 0;
 const QString kDosBlancos = QStringLiteral("  ");
 
 // The percentage masks: a share without decimals shows as "20 %", not with a
@@ -169,7 +170,7 @@ void cartera11::ver(const QString &sql)
         f.Beneficio = kDosBlancos + visualizar(p->Beneficio);
         f.CosteInversion = kDosBlancos + visualizar(p->coste_total);
         f.TantoGanancia = porCiento(p->Diferencial, QStringLiteral("####,###.## %"));
-        f.TantoGanancia_ForeColor = p->Diferencial > 0 ? kVerde : kNegro;
+        f.TantoGanancia_ForeColor = p->Diferencial > 0 ? paleta::VerdeOscuro : paleta::Negro;
         // A purchase without a date shows no date and no days.
         f.FechaCompra =
             p->Fecha.isValid() ? Format(p->Fecha, QStringLiteral("dd-mm-yyyy")) + kDosBlancos : kDosBlancos;
@@ -205,7 +206,7 @@ void cartera11::ver(const QString &sql)
             Format(100 * (valorTotal - valorAnterior.toDouble()) / valorTotal, QStringLiteral("#0.##")) +
             kDosBlancos;
     const double signo = Numero_Val(CarteraTanto);
-    LabelDif_ForeColor = signo > 0 ? kVerde : signo < 0 ? kRojo : kNegro;
+    LabelDif_ForeColor = signo > 0 ? paleta::VerdeOscuro : signo < 0 ? paleta::Granate : paleta::Negro;
 }
 
 QString cartera11::visualizar(double importe) const
@@ -269,8 +270,8 @@ void cartera11::abrirYRellenar(const QString &ventana)
 
 void cartera11::Command1_Click(int indice)
 {
-    static const char *const ventanas[] = {"ModifCartera", "Comprar", "Vender",
-                                           "Historico",    nullptr,   "ImportarOp"};
+    static const char *const ventanas[] = {comando::ModifCartera, comando::Comprar, comando::Vender,
+                                           comando::Historico,    nullptr,          comando::ImportarOp};
     if (indice == 4) {
         s_.ui.MsgBox(QStringLiteral("Disponible en breve"), mb::Information, QStringLiteral("Información"));
         return;
@@ -295,14 +296,14 @@ void cartera11::Valor_DblClick(int fila)
     if (fila < 1 || size_t(fila) > filas.size())
         return;
     s_.Valor_Cartera_Edicion = filas[size_t(fila) - 1].Valor_Tag;
-    abrirYRellenar(QStringLiteral("ModifCartera"));
+    abrirYRellenar(comando::ModifCartera);
 }
 
 void cartera11::Importa_Click()
 {
     // Only the access code opens the import; any other answer does nothing.
     if (s_.ui.InputBox(QStringLiteral("Clave: ")) == QLatin1String("bancomar"))
-        abrirYRellenar(QStringLiteral("ImportarOp"));
+        abrirYRellenar(comando::ImportarOp);
 }
 
 void cartera11::VScroll1_Change(int valor)

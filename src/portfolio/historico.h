@@ -4,6 +4,7 @@
 #include <functional>
 #include <vector>
 
+#include "core/paleta.h"
 #include "portfolio/serie_cartera.h"
 
 namespace tesorel
@@ -32,8 +33,8 @@ class Historico
     // record and returns when it closes.
     Historico(Session &s, std::function<void()> editar = {});
 
-    static constexpr int ColorCompra = 0x008000; // dark green
-    static constexpr int ColorVenta = 0x0000C0;  // dark red (blue in the high byte)
+    static constexpr int ColorCompra = paleta::VerdeOscuro;
+    static constexpr int ColorVenta = paleta::Granate;
     static const QString OrdenFecha, OrdenValor, FiltroRentaPrevio;
 
     // Controls.

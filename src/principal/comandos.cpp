@@ -1,5 +1,5 @@
 #include "principal/comandos.h"
-#include "principal/nombres_comandos.h"
+#include "core/nombres_comandos.h"
 
 namespace tesorel
 {

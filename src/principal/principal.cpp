@@ -1,10 +1,10 @@
 #include "principal/principal.h"
 
 #include "charts/price_chart.h"
+#include "core/nombres_comandos.h"
 #include "core/numbers.h"
 #include "core/paleta.h"
 #include "principal/comandos.h"
-#include "principal/nombres_comandos.h"
 #include "store/app_folder.h"
 #include "store/database.h"
 #include "store/helpers.h"

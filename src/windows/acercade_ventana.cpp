@@ -8,8 +8,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "core/nombres_comandos.h"
 #include "principal/comandos.h"
-#include "principal/nombres_comandos.h"
 #include "windows/principal_window.h"
 
 namespace tesorel

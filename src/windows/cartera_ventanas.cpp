@@ -2,9 +2,9 @@
 
 #include <QApplication>
 
+#include "core/nombres_comandos.h"
 #include "portfolio/serie_cartera.h"
 #include "principal/comandos.h"
-#include "principal/nombres_comandos.h"
 #include "store/session.h"
 #include "windows/cartera_form.h"
 #include "windows/principal_window.h"

@@ -2,8 +2,8 @@
 
 #include <QApplication>
 
+#include "core/nombres_comandos.h"
 #include "principal/comandos.h"
-#include "principal/nombres_comandos.h"
 #include "store/session.h"
 #include "windows/comprar_form.h"
 #include "windows/operadores_form.h"

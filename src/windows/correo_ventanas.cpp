@@ -2,8 +2,8 @@
 
 #include <QApplication>
 
+#include "core/nombres_comandos.h"
 #include "principal/comandos.h"
-#include "principal/nombres_comandos.h"
 #include "store/session.h"
 #include "windows/import_correo_dialog.h"
 #include "windows/importar_op_dialog.h"

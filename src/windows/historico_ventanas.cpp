@@ -3,8 +3,8 @@
 #include <QApplication>
 #include <QTabBar>
 
+#include "core/nombres_comandos.h"
 #include "principal/comandos.h"
-#include "principal/nombres_comandos.h"
 #include "store/session.h"
 #include "windows/guarded.h"
 #include "windows/historico_form.h"

@@ -1,7 +1,7 @@
 #include "windows/ventanas.h"
 
+#include "core/nombres_comandos.h"
 #include "principal/comandos.h"
-#include "principal/nombres_comandos.h"
 #include "store/session.h"
 #include "windows/empresas_dialogs.h"
 #include "windows/importar_dialog.h"

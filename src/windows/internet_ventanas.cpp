@@ -1,8 +1,8 @@
 #include "windows/ventanas.h"
 
+#include "core/nombres_comandos.h"
 #include "import/empresas.h"
 #include "principal/comandos.h"
-#include "principal/nombres_comandos.h"
 #include "store/session.h"
 #include "windows/importinet_dialog.h"
 #include "windows/principal_window.h"

@@ -6,9 +6,9 @@
 #include <QListWidget>
 #include <QPointer>
 
+#include "core/nombres_comandos.h"
 #include "online/noticias.h"
 #include "principal/comandos.h"
-#include "principal/nombres_comandos.h"
 #include "windows/guarded.h"
 
 namespace tesorel

@@ -6,8 +6,8 @@
 #include <QWidget>
 #include <algorithm>
 
+#include "core/nombres_comandos.h"
 #include "principal/comandos.h"
-#include "principal/nombres_comandos.h"
 #include "principal/principal.h"
 #include "store/session.h"
 #include "windows/chart_view.h"

@@ -21,10 +21,10 @@
 #include <QTabBar>
 #include <QVBoxLayout>
 
+#include "core/nombres_comandos.h"
 #include "core/paleta.h"
 #include "market/popup_menus.h"
 #include "principal/comandos.h"
-#include "principal/nombres_comandos.h"
 #include "store/session.h"
 #include "windows/estilo.h"
 #include "windows/formulario.h"

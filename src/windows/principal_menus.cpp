@@ -1,7 +1,7 @@
 #include <QMenu>
 #include <QMenuBar>
 
-#include "principal/nombres_comandos.h"
+#include "core/nombres_comandos.h"
 #include "windows/guarded.h"
 #include "windows/principal_window.h"
 

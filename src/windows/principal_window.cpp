@@ -29,9 +29,9 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "core/nombres_comandos.h"
 #include "market/popup_menus.h"
 #include "principal/comandos.h"
-#include "principal/nombres_comandos.h"
 #include "store/session.h"
 #include "windows/estilo.h"
 #include "windows/guarded.h"

@@ -9,7 +9,7 @@
 #include <QPushButton>
 #include <iostream>
 
-#include "principal/nombres_comandos.h"
+#include "core/nombres_comandos.h"
 #include "store/database.h"
 #include "windows/test_principal_support.h"
 
