@@ -260,5 +260,31 @@ TEST(PixelDrawing, ClearDropsWaitingText)
         ASSERT_EQ(s.image().pixel(p), qRgb(0, 255, 0));
 }
 
+// The user scale covers the whole image, whatever its origin and direction;
+// texts are measured in the same units.
+TEST(PixelDrawing, ScaleAndTextMetrics)
+{
+    guiApp();
+    PainterSurface box(100, 50);
+    box.setScaleLeft(-50);
+    box.setScaleWidth(100);
+    box.setScaleTop(10);
+    box.setScaleHeight(-20);
+    box.filledBox(0, 10, 50, 0, kColour); // the upper right quarter
+    const QRgb on = PainterSurface::toQColor(kColour).rgb();
+    EXPECT_EQ(box.image().pixel(75, 12), on);
+    EXPECT_EQ(box.image().pixel(25, 12), kWhite);
+    EXPECT_EQ(box.image().pixel(75, 37), kWhite);
+
+    const QString t = QStringLiteral("123,45");
+    EXPECT_GT(box.textWidth(t), 0);
+    EXPECT_LT(box.textHeight(t), 0); // y grows upward
+    box.setCurrentX(0);
+    box.setCurrentY(5);
+    box.print(t);
+    EXPECT_EQ(box.currentX(), -50.f);
+    EXPECT_FLOAT_EQ(box.currentY(), 5 + box.textHeight(t));
+}
+
 } // namespace
 } // namespace tesorel
