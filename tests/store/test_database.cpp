@@ -1,5 +1,6 @@
 #include "core/runtime_error.h"
 #include "store_fixture.h"
+#include "support/test_base.h"
 
 #include <QFile>
 #include <sqlite3.h>
@@ -112,9 +113,9 @@ TEST_F(SmallBase, LikeAndTextComparisonIgnoreCase)
         const char *where;
         long rows;
     };
-    const Case cases[] = {{"NOMBRE LIKE '*TELEFÓ*'", 1}, {"NOMBRE LIKE 'valor ?'", 3},
-                          {"NOMBRE LIKE 'Valor #'", 3},  {"NOMBRE LIKE '[!v]*'", 1},
-                          {"nombre = 'VALOR 2'", 1},     {"NOMBRE LIKE '*%*'", 0}};
+    // The patterns themselves are the dialect's matcher's (test_jet_sql).
+    const Case cases[] = {
+        {"NOMBRE LIKE '*TELEFÓ*'", 1}, {"NOMBRE LIKE 'valor ?'", 3}, {"nombre = 'VALOR 2'", 1}};
     for (const Case &c : cases) {
         auto rs =
             base->openRecordset(QStringLiteral("select * from quotes where ") + QString::fromUtf8(c.where));
@@ -126,11 +127,8 @@ TEST_F(SmallBase, LikeAndTextComparisonIgnoreCase)
 
 TEST(Database, LoadsTheProjectSchemaAndItsStoredQueries)
 {
-    QFile schema(QStringLiteral(TESOREL_SOURCE_DIR "/data/schema.sql"));
-    if (!schema.open(QIODevice::ReadOnly))
-        GTEST_SKIP() << "no schema yet";
-    auto db = Database::create(QStringLiteral(":memory:"));
-    db->executeNative(QString::fromUtf8(schema.readAll()));
+    tesorel::testing::TestBase base; // fails when data/schema.sql is missing
+    auto &db = base.db;
     db->execute(QStringLiteral("insert into bolsa (VALOR, FECHA, ULTIMO) values (1, #01/03/24#, 2)"));
     db->execute(QStringLiteral("insert into bolsa (VALOR, FECHA, ULTIMO) values (2, #01-02-2024#, 3)"));
     auto fechas = db->openRecordset(QStringLiteral("Select * From Fechas Order by Fecha"));

@@ -142,17 +142,12 @@ TEST(Texts, TextoNuloWritesAsTheScreenDoes)
     EXPECT_EQ(Texto_Nulo(QString("x")), "x");
 }
 
-class ErrorReporting : public ::testing::Test
-{
-  protected:
-    QTemporaryDir dir;
-    ScriptedUi ui;
-    Session s{ui, dir.path()};
+struct ErrorReporting : ::testing::Test, tesorel::testing::SesionDePrueba {
     RuntimeError failure{3021, "No hay registro activo."};
 
     QString log() const
     {
-        QFile f(dir.path() + "/error.txt");
+        QFile f(base.folder() + "/error.txt");
         return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()) : QString("(none)");
     }
 };
