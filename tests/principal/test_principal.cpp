@@ -19,10 +19,7 @@ namespace
 
 // A base with two days of quotes for two companies and two users, and a
 // command hub that records what the main window asked for.
-struct Arranque : ::testing::Test {
-    tesorel::testing::TestBase base;
-    ScriptedUi ui;
-    Session s{ui, base.folder()};
+struct Arranque : ::testing::Test, tesorel::testing::SesionDePrueba {
     Comandos comandos;
     QStringList pedidos;
     QString usuario = "ana", clave = "a1"; // what the login types; empty: Escape
@@ -30,6 +27,7 @@ struct Arranque : ::testing::Test {
 
     void SetUp() override
     {
+        s.Base_Datos.reset(); // the main window opens the base itself
         base.db->executeNative(
             "INSERT INTO Codigo_Empresas VALUES (10, 'ACERINOX', 'ACX', 'ACERINOX', 'acx'),"
             " (20, 'BANKINTER', 'BKT', 'BANKINTER', '');"

@@ -171,13 +171,6 @@ TEST_F(LoginTest, PresettingIsRememberedForTheNextLogin)
     EXPECT_EQ(s.Usuario_Numero, 2);
 }
 
-TEST_F(LoginTest, ListClickMovesFocusToThePassword)
-{
-    auto f = abrir();
-    f->List1_Click();
-    EXPECT_TRUE(f->ClaveConFoco);
-}
-
 TEST_F(LoginTest, NewUserRefusesInOrderAndAddsTheRow)
 {
     usuarios("(1,'ana','a1','101',0)");
@@ -270,11 +263,6 @@ TEST_F(LoginTest, MailSettingsAndProviderAutofill)
     EXPECT_EQ(rs->field("Direccion").toString(), "pop.correo.test");
     EXPECT_EQ(rs->field("CodigoPost").toString(), "eva.g");
     EXPECT_EQ(rs->field("email").toString(), "eva.g@correo.test");
-
-    ProveedorCorreo porDefecto;
-    EXPECT_EQ(porDefecto.nombre, "Yahoo.es");
-    EXPECT_EQ(porDefecto.servidorPop, "pop.correo.yahoo.es");
-    EXPECT_EQ(porDefecto.servidorSmtp, "smtp.correo.yahoo.es");
 }
 
 } // namespace
