@@ -36,6 +36,7 @@ TEST_F(CompraVentaVentanas, CompraYVentaConLosControles)
         escribir(hijo<QLineEdit>(w, "Cantidad"), "100");
         total = hijo<QLineEdit>(w, "Total")->text();
         EXPECT_EQ(hijo<QLabel>(w, "Importe_2")->text().trimmed(), "2,50");
+        capturar(w, "comprar");
         hijo<QPushButton>(w, "Aceptar")->click();
     });
     guion.luego("Vender", [&](QWidget *w) {
@@ -49,6 +50,7 @@ TEST_F(CompraVentaVentanas, CompraYVentaConLosControles)
         hijo<QPushButton>(w, "Mostrar")->click();
         EXPECT_TRUE(hijo<QWidget>(w, "PanelLotes")->isVisible());
         lote = hijo<QLabel>(w, "Vendidas_0")->text();
+        capturar(w, "vender_lotes");
         hijo<QPushButton>(w, "Label3")->click();
     });
     comandos.ejecutar("boton_Comprar");

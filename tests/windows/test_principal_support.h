@@ -177,6 +177,15 @@ struct VentanaDemo : ::testing::Test {
     }
 };
 
+// Saves a picture of the window as NOMBRE.png in the folder named by
+// TESOREL_CAPTURAS, when it is set: the screenshots of the docs come from here.
+inline void capturar(QWidget *ventana, const QString &nombre)
+{
+    const QString carpeta = qEnvironmentVariable("TESOREL_CAPTURAS");
+    if (!carpeta.isEmpty())
+        ventana->grab().save(carpeta + u'/' + nombre + QStringLiteral(".png"));
+}
+
 // Types a text key by key, as a person does.
 inline void escribir(QLineEdit *campo, const QString &texto)
 {
