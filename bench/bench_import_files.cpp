@@ -9,6 +9,7 @@
 #include "store/session.h"
 #include "store/ui.h"
 #include "support/full_base.h"
+#include "support/raw_sqlite.h"
 
 #include <QDir>
 #include <QFile>
@@ -17,7 +18,7 @@
 #include <benchmark/benchmark.h>
 #include <chrono>
 #include <cstdio>
-#include <sqlite3.h>
+#include <cstdlib>
 #include <vector>
 
 using namespace tesorel;
@@ -39,7 +40,11 @@ struct Carpeta {
     Carpeta()
     {
         quint32 semilla = 777;
-        for (const QDate &dia : bench::fullBaseDays()) {
+        // TESOREL_BENCH_DAYS=N takes the first N days only (a short run to profile).
+        QList<QDate> calendario = bench::fullBaseDays();
+        if (const char *n = std::getenv("TESOREL_BENCH_DAYS"))
+            calendario = calendario.mid(0, std::atoi(n));
+        for (const QDate &dia : std::as_const(calendario)) {
             QByteArray texto = dia.toString(QStringLiteral("dd/MM/yyyy")).toLatin1() + "\r\n";
             std::vector<Fila> filasDelDia;
             for (int v = 1; v <= bench::kFullBaseValues; ++v) {
@@ -80,18 +85,20 @@ Carpeta &carpeta()
     return c;
 }
 
-// An empty base with the 160 companies the files name by ticker.
-std::shared_ptr<Database> baseVacia()
+// An empty base file with the 160 companies the files name by ticker.
+QString baseVacia()
 {
-    auto db = Database::open(bench::emptyBasePath());
-    db->beginTransaction();
+    const QString ruta = bench::emptyBasePath();
+    bench::RawSqlite db(ruta);
+    db.exec("BEGIN");
     for (int v = 1; v <= bench::kFullBaseValues; ++v)
-        db->executeNative(
-            QStringLiteral("INSERT INTO Codigo_Empresas VALUES (%1, 'VALOR %1', 'V%2', 'VALOR %1', NULL)")
-                .arg(v)
-                .arg(v, 3, 10, QChar('0')));
-    db->commit();
-    return db;
+        db.exec(QStringLiteral("INSERT INTO Codigo_Empresas VALUES (%1, 'VALOR %1', 'V%2', 'VALOR %1', NULL)")
+                    .arg(v)
+                    .arg(v, 3, 10, QChar('0'))
+                    .toLatin1()
+                    .constData());
+    db.exec("COMMIT");
+    return ruta;
 }
 
 class UiSinVentanas : public ScriptedUi
@@ -115,7 +122,17 @@ void BM_ImportFolderVersusRawInsert(benchmark::State &state)
         for (int agruparMs : {0, 500}) {
             UiSinVentanas ui;
             Session s(ui, QDir::tempPath());
-            s.Base_Datos = baseVacia();
+            const QString ruta = baseVacia();
+            if (const char *pg = std::getenv("XP_PAGE")) {
+                bench::RawSqlite r(ruta);
+                r.exec("PRAGMA journal_mode=DELETE");
+                r.exec((QByteArray("PRAGMA page_size=") + pg).constData());
+                r.exec("VACUUM");
+                r.exec("PRAGMA journal_mode=WAL");
+            }
+            s.Base_Datos = Database::open(ruta);
+            if (const char *px = std::getenv("XP_PRAGMAS"))
+                s.Base_Datos->executeNative(QString::fromLatin1(px));
             s.Usuario_Numero = 1;
             Abrir_Empresas(s);
             Importar m(s);
@@ -125,24 +142,17 @@ void BM_ImportFolderVersusRawInsert(benchmark::State &state)
             m.Importar_(m.Text1, QStringLiteral("TXT"));
             (agruparMs ? agrupada : importacion)
                 .push_back(std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count());
-            sqlite3_stmt *cuenta = nullptr;
-            sqlite3_prepare_v2(s.Base_Datos->handle(), "SELECT count(*) FROM bolsa", -1, &cuenta, nullptr);
-            sqlite3_step(cuenta);
-            if (sqlite3_column_int64(cuenta, 0) != c.filas)
+            if (bench::RawSqlite(ruta).scalar("SELECT count(*) FROM bolsa") != c.filas)
                 state.SkipWithError("the import did not file every row");
-            sqlite3_finalize(cuenta);
         }
 
-        auto raw = baseVacia();
-        sqlite3 *h = raw->handle();
+        bench::RawSqlite raw(baseVacia());
         const auto t0 = std::chrono::steady_clock::now();
-        sqlite3_exec(h, "BEGIN", nullptr, nullptr, nullptr);
-        sqlite3_stmt *insert = nullptr;
-        sqlite3_prepare_v2(
-            h,
+        raw.exec("BEGIN");
+        bench::RawStmt insercion = raw.prepare(
             "INSERT INTO bolsa (VALOR, ANTERIOR, ULTIMO, DIF, VOLUMEN, MAXIMO, MINIMO, EFECT, FECHA) "
-            "VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9)",
-            -1, &insert, nullptr);
+            "VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9)");
+        sqlite3_stmt *insert = insercion.get();
         for (const auto &[dia, filas] : c.dias)
             for (const Fila &f : filas) {
                 sqlite3_bind_int(insert, 1, f.valor);
@@ -157,8 +167,8 @@ void BM_ImportFolderVersusRawInsert(benchmark::State &state)
                 sqlite3_step(insert);
                 sqlite3_reset(insert);
             }
-        sqlite3_finalize(insert);
-        sqlite3_exec(h, "COMMIT", nullptr, nullptr, nullptr);
+        insercion.reset();
+        raw.exec("COMMIT");
         crudo.push_back(std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count());
     }
     const double filas = double(c.filas);

@@ -9,6 +9,7 @@
 #include "store/session.h"
 #include "store/ui.h"
 #include "support/full_base.h"
+#include "support/raw_sqlite.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -18,7 +19,6 @@
 #include <QTemporaryDir>
 #include <benchmark/benchmark.h>
 #include <chrono>
-#include <sqlite3.h>
 
 using namespace tesorel;
 
@@ -115,15 +115,13 @@ void BM_ImportWebVeinteDias(benchmark::State &state)
 
         // The reference: the plain download and a prepared insert per row.
         QTemporaryDir otra;
-        auto raw = baseNueva(otra.path());
-        sqlite3 *h = raw->handle();
+        baseNueva(otra.path()); // made and closed: the reference has a connection of its own
+        bench::RawSqlite raw(otra.path() + "/base1.mdb");
         t0 = std::chrono::steady_clock::now();
-        sqlite3_stmt *insert = nullptr;
-        sqlite3_prepare_v2(
-            h,
-            "INSERT INTO bolsa (VALOR, FECHA, ANTERIOR, ULTIMO, VOLUMEN, MAXIMO, MINIMO, EFECT) "
-            "VALUES (?1, ?2, 0, ?3, ?4, ?5, ?6, ?7)",
-            -1, &insert, nullptr);
+        bench::RawStmt insercion =
+            raw.prepare("INSERT INTO bolsa (VALOR, FECHA, ANTERIOR, ULTIMO, VOLUMEN, MAXIMO, MINIMO, EFECT) "
+                        "VALUES (?1, ?2, 0, ?3, ?4, ?5, ?6, ?7)");
+        sqlite3_stmt *insert = insercion.get();
         for (int i = 1; i <= kDias; ++i) {
             const QDate d = kUltimo.addDays(i);
             const QString ruta = otra.path() + "/dia.txt";
@@ -131,7 +129,7 @@ void BM_ImportWebVeinteDias(benchmark::State &state)
             QFile archivo(ruta);
             archivo.open(QIODevice::ReadOnly);
             const QByteArray dia = d.toString(Qt::ISODate).toLatin1();
-            sqlite3_exec(h, "BEGIN", nullptr, nullptr, nullptr);
+            raw.exec("BEGIN");
             for (const QByteArray &linea : archivo.readAll().split('\n')) {
                 const QList<QByteArray> c = linea.trimmed().split(',');
                 if (c.size() != 7)
@@ -146,10 +144,10 @@ void BM_ImportWebVeinteDias(benchmark::State &state)
                 sqlite3_step(insert);
                 sqlite3_reset(insert);
             }
-            sqlite3_exec(h, "COMMIT", nullptr, nullptr, nullptr);
+            raw.exec("COMMIT");
             archivo.remove();
         }
-        sqlite3_finalize(insert);
+        insercion.reset();
         rawSeconds += std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count();
     }
     const double n = double(state.iterations());

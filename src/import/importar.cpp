@@ -66,6 +66,28 @@ class Lote
     QElapsedTimer reloj_;
 };
 
+// A commit per day file writes every index page the file touched (one per
+// value, as the series index is ordered by value) to the write-ahead log.
+// Checkpointing that log every thousand pages, the engine's default, copied
+// the same pages into the base again every few files; during a pass it is
+// copied far less often, and the log is left at most this large.
+class RegistroAmplio
+{
+  public:
+    explicit RegistroAmplio(Database &db) : db_(db)
+    {
+        enSilencio([&] { db_.executeNative(QStringLiteral("PRAGMA wal_autocheckpoint=%1").arg(kPaginas)); });
+    }
+    ~RegistroAmplio()
+    {
+        enSilencio([&] { db_.executeNative(QStringLiteral("PRAGMA wal_autocheckpoint=1000")); });
+    }
+
+  private:
+    static constexpr int kPaginas = 16384;
+    Database &db_;
+};
+
 QString unir(const QString &carpeta, const QString &nombre)
 {
     return QDir(carpeta).filePath(nombre);
@@ -153,6 +175,9 @@ void Importar::ImportarTicker()
 void Importar::Importar_(QString carpeta, const QString &tipo)
 {
     ++anidamiento_;
+    std::optional<RegistroAmplio> registro; // for the whole pass, subfolders and all
+    if (anidamiento_ == 1 && s_.Base_Datos)
+        registro.emplace(*s_.Base_Datos);
     if (tipo == QLatin1String("DBASE")) {
         pasoDbase(carpeta);
     } else if (tipo == QLatin1String("TXT")) {

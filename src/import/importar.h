@@ -90,7 +90,7 @@ class Importar
 
     Session &s_;
     Acciones acciones_;
-    int anidamiento_ = 0; // kept by Importar_, read by nobody
+    int anidamiento_ = 0; // depth of Importar_: the outermost pass sets the log up
 };
 
 } // namespace tesorel
