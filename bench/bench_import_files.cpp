@@ -123,6 +123,8 @@ void BM_ImportFolderVersusRawInsert(benchmark::State &state)
             UiSinVentanas ui;
             Session s(ui, QDir::tempPath());
             const QString ruta = baseVacia();
+            // For profiling the commit cost: XP_PAGE=N rebuilds the empty base with
+            // pages of N bytes, XP_PRAGMAS runs pragmas on the import's connection.
             if (const char *pg = std::getenv("XP_PAGE")) {
                 bench::RawSqlite r(ruta);
                 r.exec("PRAGMA journal_mode=DELETE");
