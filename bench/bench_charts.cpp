@@ -90,9 +90,14 @@ struct Charts {
             const Day &d = days[i];
             const double p = i + 1;
             precio.ThisPoint(p);
-            const double row[8] = {
-                d.close,  d.high, d.low, a.Siguiente(d.close, 0, 30, 3), 0, 0, b.Siguiente(d.close, 0, 9, 3),
-                d.average};
+            const double row[8] = {d.close,
+                                   d.high,
+                                   d.low,
+                                   a.Siguiente(d.close, 0, 30, ClaseMedia::Exponencial),
+                                   0,
+                                   0,
+                                   b.Siguiente(d.close, 0, 9, ClaseMedia::Exponencial),
+                                   d.average};
             for (int s = 0; s < 8; ++s) {
                 precio.ThisSet(s + 1);
                 precio.Graphdata(row[s]);
@@ -267,8 +272,8 @@ struct Medias {
     {
         MMedia a, b;
         for (const Day &d : days) {
-            corta.push_back(b.Siguiente(d.close, 0, 9, 3));
-            larga.push_back(a.Siguiente(d.close, 0, 30, 3));
+            corta.push_back(b.Siguiente(d.close, 0, 9, ClaseMedia::Exponencial));
+            larga.push_back(a.Siguiente(d.close, 0, 30, ClaseMedia::Exponencial));
         }
     }
 };

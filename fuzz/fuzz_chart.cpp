@@ -119,7 +119,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     for (int i = 1; i <= 40 && in.size; ++i) {
         const double v = in.value();
         double period = in.count(220);
-        guarded([&] { m.Siguiente(v, 0, period, double(in.byte() % 5)); });
+        guarded([&] { m.Siguiente(v, 0, period, ClaseMedia(in.byte() % 5)); });
         guarded([&] { x.Max(v, in.count(220)); });
         guarded([&] { x.Mini(v, in.count(220)); });
         guarded([&] { x.Maxi(v, in.count(220)); });

@@ -33,7 +33,7 @@ void grafica_macd(grafica &chart, IndicatorState &state, double segundaMedia, do
     if (chart.Logaritmica()) {
         // The signal averages the logarithm that Graphdata writes back.
         chart.Fila(p, &state.macd, 1);
-        const double s = state.senalMacd.Siguiente(state.macd, 0, 7, 3);
+        const double s = state.senalMacd.Siguiente(state.macd, 0, 7, ClaseMedia::Exponencial);
         chart.ThisSet(2);
         chart.Graphdata(s);
         return;
@@ -41,7 +41,7 @@ void grafica_macd(grafica &chart, IndicatorState &state, double segundaMedia, do
     // Both sets as one row; set 1 is still written when the signal fails.
     double fila[2] = {state.macd, 0};
     try {
-        fila[1] = state.senalMacd.Siguiente(state.macd, 0, 7, 3);
+        fila[1] = state.senalMacd.Siguiente(state.macd, 0, 7, ClaseMedia::Exponencial);
     } catch (const RuntimeError &) {
         chart.Fila(p, fila, 1);
         throw;
@@ -63,8 +63,8 @@ void grafica_rsi(grafica &chart, IndicatorState &state, double dif, double, doub
     const std::uint64_t baja = std::uint64_t(0) - std::uint64_t(dif < 0);
     const double ganancia = std::bit_cast<double>(std::bit_cast<std::uint64_t>(dif) & ~baja);
     const double perdida = std::bit_cast<double>(std::bit_cast<std::uint64_t>(-dif) & baja);
-    const double u = state.ganancias.Siguiente(ganancia, 0, 14, 3);
-    const double d = state.perdidas.Siguiente(perdida, 0, 14, 3);
+    const double u = state.ganancias.Siguiente(ganancia, 0, 14, ClaseMedia::Exponencial);
+    const double d = state.perdidas.Siguiente(perdida, 0, 14, ClaseMedia::Exponencial);
     // Neither division can be by 0: the averages of gains and losses are
     // never negative, so the divisor is positive and 1 + u / divisor >= 1.
     // An overflow of u / divisor carries into the sum, which is checked;

@@ -7,11 +7,11 @@ namespace tesorel
 
 using namespace chartmath;
 
-double MMedia::SiguienteEnAnillo(double valor, double &periodo, double tipo)
+double MMedia::SiguienteEnAnillo(double valor, double &periodo, ClaseMedia tipo)
 {
-    if (tipo == 1)
+    if (tipo == ClaseMedia::Simple)
         return Siguiente_simple(valor, periodo);
-    if (tipo == 2)
+    if (tipo == ClaseMedia::Ponderada)
         return siguiente_ponderada(valor, periodo);
     return 0;
 }

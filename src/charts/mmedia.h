@@ -7,20 +7,24 @@
 namespace tesorel
 {
 
+// The kind of an average. The kind travels as a number where the settings
+// keep it; a number that names no kind gives an average of 0.
+enum class ClaseMedia { Simple = 1, Ponderada = 2, Exponencial = 3 };
+
 // Moving averages of a series fed one value at a time, oldest first. One
 // instance serves one series and has no reset. A period of 0 in the ring
 // averages is a DivisionByZero, a period above 200 a SubscriptOutOfRange.
 class MMedia
 {
   public:
-    // kind 1 simple, 2 weighted, 3 exponential; any other returns 0 and
-    // feeds nothing. The second number is not read.
-    double Siguiente(double valor, double /*noLeido*/, double &periodo, double tipo)
+    // Any kind but the three returns 0 and feeds nothing. The second number is not read.
+    double Siguiente(double valor, double /*noLeido*/, double &periodo, ClaseMedia tipo)
     {
         // The exponential, the one the charts use at every point, inline.
-        return tipo == 3 ? Siguiente_exponencial(valor, periodo) : SiguienteEnAnillo(valor, periodo, tipo);
+        return tipo == ClaseMedia::Exponencial ? Siguiente_exponencial(valor, periodo)
+                                               : SiguienteEnAnillo(valor, periodo, tipo);
     }
-    double Siguiente(double valor, double noLeido, const double &periodo, double tipo)
+    double Siguiente(double valor, double noLeido, const double &periodo, ClaseMedia tipo)
     {
         double n = periodo;
         return Siguiente(valor, noLeido, n, tipo);
@@ -34,7 +38,7 @@ class MMedia
     static double sum(double n) { return (n + 1) * n / 2; }
 
   private:
-    double SiguienteEnAnillo(double valor, double &periodo, double tipo);
+    double SiguienteEnAnillo(double valor, double &periodo, ClaseMedia tipo);
     // Counts the value in `cuenta`, shortens the caller's period to it and
     // writes the value at the ring's next place.
     void entraEnAnillo(double valor, double &periodo, double &cuenta);

@@ -123,12 +123,12 @@ void GraficaPrincipal::trazarRegistro(Recorrido &r)
 
     // g. The averages always run: the indicators use them.
     GraficaPrecio.ThisSet(4);
-    const double m1 = r.primeraMedia.Siguiente(cierre, 0, r.periodo1, 3);
+    const double m1 = r.primeraMedia.Siguiente(cierre, 0, r.periodo1, ClaseMedia::Exponencial);
     GraficaPrecio.Graphdata(m1 * r.media1On);
     GraficaPrecio.ThisSet(8);
     GraficaPrecio.Graphdata(media * r.mediaDiaOn);
     GraficaPrecio.ThisSet(7);
-    const double m2 = r.segundaMedia.Siguiente(cierre, 0, r.periodo2, 3);
+    const double m2 = r.segundaMedia.Siguiente(cierre, 0, r.periodo2, ClaseMedia::Exponencial);
     GraficaPrecio.Graphdata(m2 * r.media2On);
 
     // h.

@@ -12,7 +12,7 @@ namespace
 
 struct Series {
     const char *name;
-    double kind; // 1 simple, 2 weighted, 3 exponential
+    ClaseMedia kind;
     double period;
     std::vector<double> values;
     std::vector<double> expected;
@@ -21,16 +21,16 @@ struct Series {
 // Expected values worked out by hand from the definitions.
 const Series kAverages[] = {
     // Exponential, period 3: weight 2 / 4 = 0.5.
-    {"exponential", 3, 3, {10, 20, 0, 30}, {10, 15, 7.5, 18.75}},
+    {"exponential", ClaseMedia::Exponencial, 3, {10, 20, 0, 30}, {10, 15, 7.5, 18.75}},
     // Period 1 has weight 1: the average reaches exactly 0 and restarts at 7.
-    {"exponential restarts at 0", 3, 1, {4, 0, 7, 9}, {4, 0, 7, 9}},
+    {"exponential restarts at 0", ClaseMedia::Exponencial, 1, {4, 0, 7, 9}, {4, 0, 7, 9}},
     // Simple, period 3: windows of 1, 2, then 3 values.
-    {"simple warm-up", 1, 3, {3, 6, 9, 12}, {3, 4.5, 6, 9}},
+    {"simple warm-up", ClaseMedia::Simple, 3, {3, 6, 9, 12}, {3, 4.5, 6, 9}},
     // A zero shortens the window: 6/1, (6+0)/1, (6+0+3)/2.
-    {"simple leaves zeros out", 1, 3, {6, 0, 3}, {6, 6, 4.5}},
+    {"simple leaves zeros out", ClaseMedia::Simple, 3, {6, 0, 3}, {6, 6, 4.5}},
     // Weighted, period 3: 1/1, (2*2+1*1)/3, (3*3+2*1+1*2)/6, (3*4+2*2+1*3)/6.
-    {"weighted ring walk", 2, 3, {1, 2, 3, 4}, {1, 5.0 / 3, 13.0 / 6, 19.0 / 6}},
-    {"unknown kind", 4, 3, {5, 6}, {0, 0}},
+    {"weighted ring walk", ClaseMedia::Ponderada, 3, {1, 2, 3, 4}, {1, 5.0 / 3, 13.0 / 6, 19.0 / 6}},
+    {"unknown kind", ClaseMedia(4), 3, {5, 6}, {0, 0}},
 };
 
 TEST(MMedia, AveragesByKind)
@@ -48,15 +48,17 @@ TEST(MMedia, AveragesByKind)
 TEST(MMedia, WarmUpShortensTheCallersPeriod)
 {
     struct Case {
-        double kind;
+        ClaseMedia kind;
         std::vector<double> written; // the period after each call, started at 3
-    } cases[] = {{1, {1, 2, 3, 3}}, {2, {1, 2, 3, 3}}, {3, {3, 3, 3, 3}}};
+    } cases[] = {{ClaseMedia::Simple, {1, 2, 3, 3}},
+                 {ClaseMedia::Ponderada, {1, 2, 3, 3}},
+                 {ClaseMedia::Exponencial, {3, 3, 3, 3}}};
     for (const Case &c : cases) {
         MMedia m;
         for (double expected : c.written) {
             double period = 3;
             m.Siguiente(5, 0, period, c.kind);
-            EXPECT_EQ(period, expected) << "kind " << c.kind;
+            EXPECT_EQ(period, expected) << "kind " << int(c.kind);
         }
     }
 }
@@ -64,24 +66,25 @@ TEST(MMedia, WarmUpShortensTheCallersPeriod)
 TEST(MMedia, UnknownKindFeedsNothing)
 {
     MMedia m;
-    m.Siguiente(100, 0, 3, 9);
+    m.Siguiente(100, 0, 3, ClaseMedia(9));
     // Still the first value of the simple average.
-    EXPECT_DOUBLE_EQ(m.Siguiente(8, 0, 3, 1), 8);
+    EXPECT_DOUBLE_EQ(m.Siguiente(8, 0, 3, ClaseMedia::Simple), 8);
 }
 
 TEST(MMedia, Failures)
 {
     struct Case {
         const char *name;
-        double kind, period, value;
+        ClaseMedia kind;
+        double period, value;
         int calls;
         int number;
     } cases[] = {
-        {"simple period 0", 1, 0, 5, 1, err::DivisionByZero},
-        {"weighted period 0", 2, 0, 5, 1, err::DivisionByZero},
-        {"simple first value 0", 1, 3, 0, 1, err::Overflow}, // 0 / 0
-        {"simple past 200 places", 1, 250, 1, 201, err::SubscriptOutOfRange},
-        {"weighted past 200 places", 2, 250, 1, 201, err::SubscriptOutOfRange},
+        {"simple period 0", ClaseMedia::Simple, 0, 5, 1, err::DivisionByZero},
+        {"weighted period 0", ClaseMedia::Ponderada, 0, 5, 1, err::DivisionByZero},
+        {"simple first value 0", ClaseMedia::Simple, 3, 0, 1, err::Overflow}, // 0 / 0
+        {"simple past 200 places", ClaseMedia::Simple, 250, 1, 201, err::SubscriptOutOfRange},
+        {"weighted past 200 places", ClaseMedia::Ponderada, 250, 1, 201, err::SubscriptOutOfRange},
     };
     for (const Case &c : cases) {
         MMedia m;
