@@ -38,7 +38,10 @@ int lotsCommand(const QStringList &args)
         v = {venta[0], venta[1], venta[2], venta[3]};
     PanelLotes panel;
     // A failure ends the calculation and is reported; what stood is printed.
-    s.paso([&] { Recalcular_Lotes(s, Codigo_De(s, a.valor(QStringLiteral("--value")), 2), v, panel); });
+    s.paso([&] {
+        Recalcular_Lotes(s, Codigo_De(s, a.valor(QStringLiteral("--value")), BuscarPor::Abreviatura11), v,
+                         panel);
+    });
     imprimirLinea({QStringLiteral("fecha"), QStringLiteral("compradas"), QStringLiteral("precio"),
                    QStringLiteral("totalcompra"), QStringLiteral("resultado"), QStringLiteral("vendidas"),
                    QStringLiteral("tanto")});

@@ -20,7 +20,7 @@ int newsCommand(const QStringList &args)
     SesionCli sesion(a, a.libres[0]);
     Session &s = sesion.s();
     // Looking the value up leaves its ticker where the news take it from.
-    s.paso([&] { Codigo_De(s, a.libres[1], 1); });
+    s.paso([&] { Codigo_De(s, a.libres[1], BuscarPor::Nombre); });
     AjustesOnline ajustes;
     ajustes.sitioNoticias = a.valor("--site", ajustes.sitioNoticias);
     while (ajustes.sitioNoticias.endsWith(u'/'))

@@ -155,7 +155,7 @@ void GraficaPrincipal::DibujarGrafica()
     s_.Logaritmica = controles.Logaritmica == 1;
 
     // 2.
-    Codigo_Valor = Codigo_De(s_, controles.Text1, 1);
+    Codigo_Valor = Codigo_De(s_, controles.Text1, BuscarPor::Nombre);
     RecordSeto &q = cursor_;
     cargarSerie(*s_.Base_Datos, Codigo_Valor, q);
 

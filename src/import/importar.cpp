@@ -246,7 +246,7 @@ void Importar::pasoDbase(const QString &carpeta)
                 if (valor.isNull() || !valor.isValid())
                     return;
                 const QString nombre = valor.toString();
-                double codigo = Codigo_De(s_, nombre.left(11).trimmed(), 2);
+                double codigo = Codigo_De(s_, nombre.left(11).trimmed(), BuscarPor::Abreviatura11);
                 if (codigo == 0)
                     codigo = Alta_Empresa(s_, nombre.left(11));
                 // Each field on its own: one that is missing stays empty in the row.
@@ -286,11 +286,11 @@ bool Importar::admiteDia(const QDate &dia)
     return !busca.next();
 }
 
-double Importar::codigoDe(const QString &nombre, double primeraClase)
+double Importar::codigoDe(const QString &nombre, BuscarPor primeraClase)
 {
     double codigo = Codigo_De(s_, nombre.trimmed(), primeraClase);
     if (codigo == 0)
-        codigo = Codigo_De(s_, nombre.left(11).trimmed(), 2);
+        codigo = Codigo_De(s_, nombre.left(11).trimmed(), BuscarPor::Abreviatura11);
     if (codigo == 0)
         codigo = Alta_Empresa(s_, nombre.left(11));
     return codigo;
@@ -335,7 +335,7 @@ void Importar::importarTexto(const QByteArray &bytes)
             s_.ui.Beep();
         const LineaCotizacion &l = lineas.actual();
         const auto [alto, bajo] = maximoYMinimo(l.maximo, l.minimo, l.ultimo);
-        insercion.bind(1, codigoDe(l.nombre, 3))
+        insercion.bind(1, codigoDe(l.nombre, BuscarPor::Ticker))
             .bind(2, l.anterior)
             .bind(3, l.ultimo)
             .bind(4, l.dif)

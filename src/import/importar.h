@@ -2,6 +2,8 @@
 #include <QByteArray>
 #include <QDate>
 #include <QString>
+
+#include "store/helpers.h"
 #include <functional>
 #include <memory>
 #include <optional>
@@ -85,7 +87,7 @@ class Importar
     void pasoDbase(const QString &carpeta);
     // The day tests: with Sobre the day goes first; a day already present is passed over.
     bool admiteDia(const QDate &dia);
-    double codigoDe(const QString &nombre, double primeraClase);
+    double codigoDe(const QString &nombre, BuscarPor primeraClase);
     void mostrar();
 
     Session &s_;

@@ -93,7 +93,7 @@ void ImportarOp::cargar_operadores()
 
 void ImportarOp::Valor_Click()
 {
-    s_.paso([&] { Text3 = QString::number(Codigo_De(s_, Valor, 2)); });
+    s_.paso([&] { Text3 = QString::number(Codigo_De(s_, Valor, BuscarPor::Abreviatura11)); });
 }
 
 void ImportarOp::Mostrar(const QString &texto)

@@ -176,13 +176,13 @@ bool Importinet::Importa_txt_inet(const QString &ruta, const QDate &dia)
                QStringLiteral("insert into bolsa (VALOR, ANTERIOR, ULTIMO, VOLUMEN, MAXIMO, MINIMO, EFECT, "
                               "FECHA) values (?, 0, ?, ?, ?, ?, ?, ?)"));
     for (const FilaCierre &c : lectura.filas) {
-        double codigo = Codigo_De(s_, c.ticker, 3);
+        double codigo = Codigo_De(s_, c.ticker, BuscarPor::Ticker);
         if (codigo == 0 && !c.ticker.endsWith(QLatin1String(".D")) && acciones_.AddEmpresa) {
             t->commit();
             t.reset();
             acciones_.AddEmpresa(c.ticker);
             s_.paso([&] { Abrir_Empresas(s_); });
-            codigo = Codigo_De(s_, c.ticker, 3);
+            codigo = Codigo_De(s_, c.ticker, BuscarPor::Ticker);
             t.emplace(db, Transaction::OnLeave::KeepWritten);
         }
         if (codigo == 0)

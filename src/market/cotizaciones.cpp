@@ -123,7 +123,7 @@ void Cotizaciones::Form_Load(const QString &valorPrincipal)
 {
     // The position, the size and the rows per page are the form's.
     s_.paso([&] {
-        codigoPestanaValor = Codigo_De(s_, valorPrincipal, 1);
+        codigoPestanaValor = Codigo_De(s_, valorPrincipal, BuscarPor::Nombre);
         pestana_Caption[PestanaValor] = Abreviatura11_De(s_, codigoPestanaValor);
     });
     menu_seleccionar_intervalo_Click();

@@ -23,7 +23,7 @@ void Favoritos::menu_add_faboritos()
         Recordset &rs = *s.Tabla_Actual;
         rs.AddNew();
         rs.setField("Usuario", s.Usuario_Numero);
-        rs.setField("Valor", Codigo_De(s, seleccion_.Text1(), 1));
+        rs.setField("Valor", Codigo_De(s, seleccion_.Text1(), BuscarPor::Nombre));
         rs.Update();
     });
 }
@@ -31,7 +31,7 @@ void Favoritos::menu_add_faboritos()
 void Favoritos::menu_quitar_faboritos()
 {
     s.paso([&] {
-        const double code = Codigo_De(s, seleccion_.Text1(), 1);
+        const double code = Codigo_De(s, seleccion_.Text1(), BuscarPor::Nombre);
         s.Base_Datos->execute("delete * from faboritos where (valor = " + Numero_Sql(code) +
                               ") AND (usuario =" + Numero_Sql(s.Usuario_Numero) + ")");
     });
@@ -40,7 +40,7 @@ void Favoritos::menu_quitar_faboritos()
 void Favoritos::PonerQuitarF()
 {
     s.paso([&] {
-        const bool sigue = Es_Favorito(s, Codigo_De(s, seleccion_.Text1(), 1));
+        const bool sigue = Es_Favorito(s, Codigo_De(s, seleccion_.Text1(), BuscarPor::Nombre));
         Boton_Favorito[0] = !sigue;
         Boton_Favorito[2] = sigue;
     });

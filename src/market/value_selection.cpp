@@ -55,7 +55,7 @@ void SeleccionValor::Text1_Change()
         if (busqueda_)
             busqueda_->setBuscar(QString());
     });
-    s.paso([&] { Codigo_Valor = Codigo_De(s, text, 1); });
+    s.paso([&] { Codigo_Valor = Codigo_De(s, text, BuscarPor::Nombre); });
     enlaces = Calcular_Enlaces(s, Codigo_Valor);
     s.paso([&] { llamar(ganchos.DibujarGrafica); });
     s.paso([&] { llamar(ganchos.Pesta); });

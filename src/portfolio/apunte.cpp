@@ -111,7 +111,7 @@ void lineaDeHistorico(Session &s, const TextosApunte &t, const ReglasApunte &r, 
 
 void apuntarCompra(Session &s, const TextosApunte &t, const ReglasApunte &r)
 {
-    const double valor = Codigo_De(s, t.valor, 2);
+    const double valor = Codigo_De(s, t.valor, BuscarPor::Abreviatura11);
     const Posicion fila = posicionGuardada(s, r, valor);
     if (!fila.existe) {
         QVariant cantidad, precio, fecha, total;
@@ -151,7 +151,7 @@ void apuntarCompra(Session &s, const TextosApunte &t, const ReglasApunte &r)
 
 ResultadoVenta apuntarVenta(Session &s, const TextosApunte &t, const ReglasApunte &r)
 {
-    const double valor = Codigo_De(s, t.valor, 2);
+    const double valor = Codigo_De(s, t.valor, BuscarPor::Abreviatura11);
     const Posicion fila = posicionGuardada(s, r, valor);
     if (!fila.existe) {
         s.ui.MsgBox(QStringLiteral("Valor no encontrado, apunte rechazado"), mb::Critical,

@@ -33,7 +33,7 @@ void Comprar::Form_Load()
             Combo1_Lista << Abreviatura11_De(s_, q.number(0));
     });
     const QString nombre = entorno_.valorPrincipal ? entorno_.valorPrincipal() : QString();
-    Combo1 = Abreviatura11_De(s_, Codigo_De(s_, nombre, 1));
+    Combo1 = Abreviatura11_De(s_, Codigo_De(s_, nombre, BuscarPor::Nombre));
 }
 
 void Comprar::setCantidad(const QString &texto)

@@ -101,7 +101,7 @@ void Historico::Option1_Click(int indice)
 void Historico::Filtro_Click()
 {
     s_.paso([&] {
-        const double codigo = Codigo_De(s_, Filtro, 2);
+        const double codigo = Codigo_De(s_, Filtro, BuscarPor::Abreviatura11);
         Llenar_tabla(QStringLiteral(" and  valor = ") + CStr(codigo), QStringLiteral("Fecha_operacion"));
     });
 }

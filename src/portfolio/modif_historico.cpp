@@ -98,7 +98,7 @@ bool ModifHistorico::Aceptar_Click()
         s_.ui.MsgBox(QStringLiteral("Operación no reconocida"));
     }
     s_.paso([&] { rs->setField(QStringLiteral("Cantidad"), Numero_Cdbl(Cantidad) * signo); });
-    s_.paso([&] { rs->setField(QStringLiteral("Valor"), Codigo_De(s_, Valor, 2)); });
+    s_.paso([&] { rs->setField(QStringLiteral("Valor"), Codigo_De(s_, Valor, BuscarPor::Abreviatura11)); });
     s_.paso([&] { rs->setField(QStringLiteral("precio_operacion"), Numero_Cdbl(Precio)); });
     s_.paso([&] { rs->setField(QStringLiteral("Total_operacion"), Numero_Cdbl(Importe) * signo); });
     s_.paso([&] { rs->setField(QStringLiteral("Operacion"), Descripcion); });

@@ -29,7 +29,7 @@ void Vender::Form_Load()
     });
     // The value on show, held or not.
     const QString nombre = entorno_.valorPrincipal ? entorno_.valorPrincipal() : QString();
-    Combo1 = Abreviatura11_De(s_, Codigo_De(s_, nombre, 1));
+    Combo1 = Abreviatura11_De(s_, Codigo_De(s_, nombre, BuscarPor::Nombre));
     s_.paso([&] {
         Combo2_Lista = nombresOperadores(s_);
         Combo2 = Combo2_Lista.value(0);
@@ -43,7 +43,7 @@ void Vender::Combo1_Evento(int evento)
     s_.paso([&] {
         Query q(*s_.Base_Datos,
                 QStringLiteral("Select Cantidad from cartera where (valor = ?) and (usuario = ?)"));
-        q.bind(1, Codigo_De(s_, Combo1, 2)).bind(2, s_.Usuario_Numero);
+        q.bind(1, Codigo_De(s_, Combo1, BuscarPor::Abreviatura11)).bind(2, s_.Usuario_Numero);
         if (q.next())
             setCantidad(textoNumero(q.number(0)));
     });
@@ -102,7 +102,8 @@ void Vender::setTotal(const QString &texto)
 void Vender::recalcularPanel()
 {
     try {
-        Recalcular_Lotes(s_, Codigo_De(s_, Combo1, 2), {Fecha, cantidad_, precio_, total_}, panel);
+        Recalcular_Lotes(s_, Codigo_De(s_, Combo1, BuscarPor::Abreviatura11),
+                         {Fecha, cantidad_, precio_, total_}, panel);
     } catch (const RuntimeError &e) {
         s_.Registrar_Error(e);
     } catch (const std::exception &e) {

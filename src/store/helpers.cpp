@@ -154,23 +154,24 @@ QString Nombre_De(Session &s, const QVariant &code)
     return row < 0 ? QString() : s.empresas.filas[row].nombre;
 }
 
-double Codigo_De(Session &s, const QString &name, double kind)
+double Codigo_De(Session &s, const QString &name, BuscarPor kind)
 {
     if (valor::nombreDeCartera(name))
         return valor::codigoCartera(s.Usuario_Numero);
 
     IndiceEmpresas &idx = s.empresas;
     int row = idx.ultima;
-    const bool searches = kind == 1 || kind == 2 || kind == 3;
+    const bool searches =
+        kind == BuscarPor::Nombre || kind == BuscarPor::Abreviatura11 || kind == BuscarPor::Ticker;
     if (searches && name.contains('\'')) {
         // The quote breaks the search statement: the failure is reported
         // and the outcome stays that of the search before.
         s.Registrar_Error(RuntimeError(err::SyntaxError, jet::syntaxMessage(name)));
-    } else if (kind == 1)
+    } else if (kind == BuscarPor::Nombre)
         row = idx.buscar(idx.porNombre, name);
-    else if (kind == 2)
+    else if (kind == BuscarPor::Abreviatura11)
         row = idx.buscar(idx.porAbreviatura11, name);
-    else if (kind == 3)
+    else if (kind == BuscarPor::Ticker)
         row = idx.buscar(idx.porAbreviatura3, name);
     if (row < 0)
         return 0;

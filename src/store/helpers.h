@@ -31,8 +31,10 @@ QString Abreviatura3_De(Session &s, double code);
 QString Abreviatura11_De(Session &s, double code);
 // An invalid QVariant is the empty code.
 QString Nombre_De(Session &s, const QVariant &code);
-// kind 1 by name, 2 by the 11-letter abbreviation, 3 by ticker.
-double Codigo_De(Session &s, const QString &name, double kind);
+// What a company is looked up by. The kind travels as a number in the
+// dialect's code; a number that names no kind repeats the last outcome.
+enum class BuscarPor { Nombre = 1, Abreviatura11 = 2, Ticker = 3 };
+double Codigo_De(Session &s, const QString &name, BuscarPor kind);
 double Alta_Empresa(Session &s, const QString &name);
 bool Es_Favorito(Session &s, double code);
 QString Web_Empresa(Session &s, double code);

@@ -34,41 +34,41 @@ class Lookups : public ::testing::Test, protected tesorel::testing::SesionDePrue
 
 TEST_F(Lookups, CodigoDeSearchesEachKindAndLeavesSideInformation)
 {
-    EXPECT_EQ(Codigo_De(s, "TELEFONICA", 1), 2);
+    EXPECT_EQ(Codigo_De(s, "TELEFONICA", BuscarPor::Nombre), 2);
     EXPECT_EQ(s.Codigo_Invertia, "RV011TELEFONICA");
     EXPECT_EQ(s.Abreviatura_Actual, "TEF");
 
-    EXPECT_EQ(Codigo_De(s, "santander", 2), 1); // names compare without case
+    EXPECT_EQ(Codigo_De(s, "santander", BuscarPor::Abreviatura11), 1); // names compare without case
     EXPECT_EQ(s.Abreviatura_Actual, "SAN");
-    EXPECT_EQ(Codigo_De(s, "TEF", 3), 2);
+    EXPECT_EQ(Codigo_De(s, "TEF", BuscarPor::Ticker), 2);
 
     // Not found: 0, and the side information stays from before.
-    EXPECT_EQ(Codigo_De(s, "REPSOL", 1), 0);
+    EXPECT_EQ(Codigo_De(s, "REPSOL", BuscarPor::Nombre), 0);
     EXPECT_EQ(s.Abreviatura_Actual, "TEF");
     EXPECT_EQ(s.Codigo_Invertia, "RV011TELEFONICA");
 }
 
 TEST_F(Lookups, CodigoDeOfAnUnknownKindRepeatsTheLastSearch)
 {
-    Codigo_De(s, "SAN", 3);
-    EXPECT_EQ(Codigo_De(s, "whatever", 7), 1);
-    Codigo_De(s, "NOBODY", 1);
-    EXPECT_EQ(Codigo_De(s, "whatever", 0), 0);
+    Codigo_De(s, "SAN", BuscarPor::Ticker);
+    EXPECT_EQ(Codigo_De(s, "whatever", BuscarPor(7)), 1);
+    Codigo_De(s, "NOBODY", BuscarPor::Nombre);
+    EXPECT_EQ(Codigo_De(s, "whatever", BuscarPor(0)), 0);
 }
 
 TEST_F(Lookups, CodigoDeOfCarteraIsThePortfolioSeriesEvenWhenACompanyIsCalledSo)
 {
     s.Usuario_Numero = 5;
-    EXPECT_EQ(Codigo_De(s, "CARTERA INDUSTRIAL", 1), 34005);
-    EXPECT_EQ(Codigo_De(s, "cartera", 1), 34005);
-    EXPECT_EQ(Codigo_De(s, "Carter", 1), 0);
+    EXPECT_EQ(Codigo_De(s, "CARTERA INDUSTRIAL", BuscarPor::Nombre), 34005);
+    EXPECT_EQ(Codigo_De(s, "cartera", BuscarPor::Nombre), 34005);
+    EXPECT_EQ(Codigo_De(s, "Carter", BuscarPor::Nombre), 0);
 }
 
 TEST_F(Lookups, CodigoDeWithAQuoteFailsTheSearchAndKeepsTheOutcomeBefore)
 {
     s.Ubicacion_Error = 7; // makes the failure visible
-    EXPECT_EQ(Codigo_De(s, "TEF", 3), 2);
-    EXPECT_EQ(Codigo_De(s, "O'BRIEN", 1), 2);
+    EXPECT_EQ(Codigo_De(s, "TEF", BuscarPor::Ticker), 2);
+    EXPECT_EQ(Codigo_De(s, "O'BRIEN", BuscarPor::Nombre), 2);
     ASSERT_EQ(ui.messages.size(), 1u);
     EXPECT_EQ(ui.messages[0].title, "Atención");
 }
@@ -92,8 +92,8 @@ TEST_F(Lookups, NamesAndAbbreviations)
 TEST_F(Lookups, AltaEmpresaAddsTheNextCodeAndTheIndexSeesIt)
 {
     EXPECT_EQ(Alta_Empresa(s, "NUEVA SA"), 4);
-    EXPECT_EQ(Codigo_De(s, "NUEVA SA", 1), 4);
-    EXPECT_EQ(Codigo_De(s, "NUEVA SA", 2), 4);
+    EXPECT_EQ(Codigo_De(s, "NUEVA SA", BuscarPor::Nombre), 4);
+    EXPECT_EQ(Codigo_De(s, "NUEVA SA", BuscarPor::Abreviatura11), 4);
     EXPECT_EQ(Abreviatura3_De(s, 4), "");
 
     auto rs = base.db->openRecordset("select * from codigo_empresas where codigo = 4");
