@@ -76,8 +76,11 @@ TEST_P(Navigation, WalksBothWaysWithBofAndEof)
 TEST_P(Navigation, RecordCountExactAfterMoveLastAndMoveByN)
 {
     auto rs = open();
-    if (n() == 0)
-        GTEST_SKIP();
+    if (n() == 0) {
+        EXPECT_EQ(errorNumber([&] { rs->MoveLast(); }), err::NoCurrentRecord);
+        EXPECT_EQ(rs->RecordCount(), 0);
+        return;
+    }
     rs->MoveLast();
     EXPECT_EQ(rs->RecordCount(), n());
     EXPECT_EQ(rs->AbsolutePosition(), n() - 1);
@@ -106,8 +109,14 @@ TEST_P(Navigation, RecordCountExactAfterMoveLastAndMoveByN)
 TEST_P(Navigation, FindFirstNextAndNoMatch)
 {
     auto rs = open();
-    if (n() < 5)
-        GTEST_SKIP();
+    if (n() < 5) {
+        // Too few rows for the dates and values below: nothing matches, and
+        // the position stays where it was.
+        rs->FindFirst(QStringLiteral("Nombre = 'nadie'"));
+        EXPECT_TRUE(rs->NoMatch());
+        EXPECT_EQ(rs->Eof(), n() == 0);
+        return;
+    }
     rs->FindFirst(QStringLiteral("FECHA = #03/04/24#"));
     ASSERT_FALSE(rs->NoMatch());
     EXPECT_EQ(rs->field(QStringLiteral("Fecha")), QVariant(QDate(2024, 3, 4)));
