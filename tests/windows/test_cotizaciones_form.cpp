@@ -59,10 +59,7 @@ TEST_F(CotizacionesVentana, StepsSortsFitsTheScreenAndLandsOnTheChartOfARow)
             QApplication::processEvents();
             for (const QString &r : recortados(f))
                 fallos << QString("%1x%2 %3").arg(tamano.width()).arg(tamano.height()).arg(r);
-            const QString carpeta = qEnvironmentVariable("TESOREL_CAPTURAS");
-            if (!carpeta.isEmpty())
-                f->grab().save(QDir(carpeta).filePath(
-                    QString("cotizaciones_%1x%2.png").arg(tamano.width()).arg(tamano.height())));
+            capturar(f, QString("cotizaciones_%1x%2").arg(tamano.width()).arg(tamano.height()));
         }
         // The day before waits for the timer; then the value's own tab.
         const QString dia = m.Text1();

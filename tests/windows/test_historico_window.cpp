@@ -5,7 +5,6 @@
 #include <QRadioButton>
 #include <QTabBar>
 #include <QTableWidget>
-#include <cstdlib>
 
 #include "store/query.h"
 #include "windows/test_principal_support.h"
@@ -34,16 +33,14 @@ TEST_F(HistoricoVentana, SortsEditsALineAndDeletesAnother)
         filas = rejilla->rowCount();
         hijo<QRadioButton>(w, "Option1_1")->click();
         primeraPorValor = celda(rejilla, 0, 5);
-        if (const char *png = std::getenv("TESOREL_SCREENSHOT_HISTORICO"))
-            w->grab().save(png);
+        capturar(w, "historico");
         hijo<QPushButton>(w, "Editar_1")->click();
     });
     guion.luego("ModifHistorico", [&](QWidget *w) {
         auto *cantidad = hijo<QLineEdit>(w, "Cantidad");
         cantidad->setText("250");
         descripcion = hijo<QLineEdit>(w, "Descripcion")->text();
-        if (const char *png = std::getenv("TESOREL_SCREENSHOT_MODIF_HISTORICO"))
-            w->grab().save(png);
+        capturar(w, "modif_historico");
         hijo<QPushButton>(w, "Aceptar")->click();
     });
     guion.luego("Historico", [&](QWidget *w) {

@@ -40,23 +40,18 @@ struct VentanasImportacion : ::testing::Test {
         Query q(*s.Base_Datos, sql);
         return q.next() ? q.text(0) : QString("<none>");
     }
-    static void teclear(QWidget *w, const QString &texto)
-    {
-        for (QChar c : texto) {
-            QKeyEvent tecla(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
-            QApplication::sendEvent(w, &tecla);
-        }
-    }
 };
 
 TEST_F(VentanasImportacion, AddEmpresaTypesCapitalsAndAddsTheRow)
 {
-    AddEmpresaDialog d(s, AltaDeEmpresa{.ABREVIATURA3 = "NUE"});
+    AltaDeEmpresa alta;
+    alta.ABREVIATURA3 = "NUE";
+    AddEmpresaDialog d(s, alta);
     auto *nombre = d.findChild<QLineEdit *>("NOMBRE");
-    teclear(nombre, "nueva sa");
+    escribir(nombre, "nueva sa");
     EXPECT_EQ(nombre->text(), "NUEVA SA");
     EXPECT_EQ(d.findChild<QLineEdit *>("ABREVIATURA3")->text(), "NUE");
-    teclear(d.findChild<QLineEdit *>("Invertia"), "ficha?id=rv1");
+    escribir(d.findChild<QLineEdit *>("Invertia"), "ficha?id=rv1");
     d.findChild<QPushButton *>("Aceptar")->click();
     EXPECT_EQ(d.result(), QDialog::Accepted);
     EXPECT_EQ(
