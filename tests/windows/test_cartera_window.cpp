@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTabBar>
 #include <algorithm>
 
 #include "core/numbers.h"
@@ -71,6 +72,9 @@ TEST_F(CarteraVentana, ShowingThePortfolioValueBringsItsSeriesUpToDate)
     ASSERT_EQ(filas(), 0);
     ventana->modelo().setText1("CARTERA");
     const qint64 hechas = filas();
+    ventana->resize(1280, 800);
+    ventana->findChild<QTabBar *>(QStringLiteral("Pestañas"))->setCurrentIndex(2); // MaCD under the chart
+    capturar(ventana.get(), "principal_cartera_macd");
     EXPECT_GT(hechas, 100);
     EXPECT_EQ(s->Fechas_Serie[0], QDate(1900, 1, 1))
         << "no series before: the run starts on the first stored day";
