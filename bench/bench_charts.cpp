@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <benchmark/benchmark.h>
 
+#include "support/medianas.h"
 #include "support/run_benchmarks.h"
 #include <chrono>
 #include <cmath>
@@ -367,18 +368,6 @@ void BM_IndicatorStochasticWithExtremes(benchmark::State &state)
 }
 BENCHMARK(BM_IndicatorStochasticWithExtremes)->Unit(benchmark::kMicrosecond);
 
-template <typename F> double medianMs(F &&f, int runs)
-{
-    std::vector<double> t;
-    for (int i = 0; i < runs; ++i) {
-        const auto a = std::chrono::steady_clock::now();
-        f();
-        t.push_back(std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - a).count());
-    }
-    std::sort(t.begin(), t.end());
-    return t[t.size() / 2];
-}
-
 } // namespace
 
 int main(int argc, char **argv)
@@ -397,7 +386,7 @@ int main(int argc, char **argv)
 
     // The indicators first: measured after the drawings they come out
     // slower on this machine, for as long as a median takes.
-    const double four = medianMs([] { fourIndicators(); }, 101) * 1000;
+    const double four = bench::medianaDe(101, [] { fourIndicators(); }) * 1000;
     std::printf("four indicators, 3000 points:       median %.1f us (target <= 100 us)\n", four);
     // Medians in this one run, the raw drawing right after, for the ratio.
     auto medir = [](Charts &c, Raw &r, const char *como) {
@@ -405,8 +394,8 @@ int main(int argc, char **argv)
             c.draw();
             r.draw();
         }
-        const double chart = medianMs([&] { c.draw(); }, 101);
-        const double base = medianMs([&] { r.draw(); }, 101);
+        const double chart = bench::medianaDe(101, [&] { c.draw(); });
+        const double base = bench::medianaDe(101, [&] { r.draw(); });
         std::printf("three charts, 3000 points, %s: median %.3f ms\n", como, chart);
         std::printf(
             "  raw QPainter, same primitives: median %.3f ms, ratio charts / raw %.2f (target <= 2)\n", base,

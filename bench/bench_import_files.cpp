@@ -9,6 +9,7 @@
 #include "store/session.h"
 #include "store/ui.h"
 #include "support/full_base.h"
+#include "support/medianas.h"
 #include "support/raw_sqlite.h"
 
 #include <QDir>
@@ -107,12 +108,6 @@ class UiSinVentanas : public ScriptedUi
     void DoEvents() override {}
 };
 
-double mediana(std::vector<double> v)
-{
-    std::sort(v.begin(), v.end());
-    return v[v.size() / 2];
-}
-
 void BM_ImportFolderVersusRawInsert(benchmark::State &state)
 {
     Carpeta &c = carpeta();
@@ -175,17 +170,19 @@ void BM_ImportFolderVersusRawInsert(benchmark::State &state)
     }
     const double filas = double(c.filas);
     state.counters["rows"] = filas;
-    state.counters["import_rows_per_s"] = filas / mediana(importacion);
-    state.counters["raw_rows_per_s"] = filas / mediana(crudo);
-    state.counters["import_over_raw"] = mediana(crudo) / mediana(importacion);
-    state.counters["grouped_rows_per_s"] = filas / mediana(agrupada);
-    state.counters["grouped_over_raw"] = mediana(crudo) / mediana(agrupada);
-    std::printf("raw inserts, one transaction: median %.2f s (%.0f rows/s)\n", mediana(crudo),
-                filas / mediana(crudo));
+    state.counters["import_rows_per_s"] = filas / bench::mediana(importacion);
+    state.counters["raw_rows_per_s"] = filas / bench::mediana(crudo);
+    state.counters["import_over_raw"] = bench::mediana(crudo) / bench::mediana(importacion);
+    state.counters["grouped_rows_per_s"] = filas / bench::mediana(agrupada);
+    state.counters["grouped_over_raw"] = bench::mediana(crudo) / bench::mediana(agrupada);
+    std::printf("raw inserts, one transaction: median %.2f s (%.0f rows/s)\n", bench::mediana(crudo),
+                filas / bench::mediana(crudo));
     std::printf("import, a commit per file:    median %.2f s (%.0f rows/s), ratio to raw %.2f\n",
-                mediana(importacion), filas / mediana(importacion), mediana(crudo) / mediana(importacion));
+                bench::mediana(importacion), filas / bench::mediana(importacion),
+                bench::mediana(crudo) / bench::mediana(importacion));
     std::printf("import, commits every 500 ms: median %.2f s (%.0f rows/s), ratio to raw %.2f\n",
-                mediana(agrupada), filas / mediana(agrupada), mediana(crudo) / mediana(agrupada));
+                bench::mediana(agrupada), filas / bench::mediana(agrupada),
+                bench::mediana(crudo) / bench::mediana(agrupada));
 }
 BENCHMARK(BM_ImportFolderVersusRawInsert)->Unit(benchmark::kSecond)->Iterations(3);
 

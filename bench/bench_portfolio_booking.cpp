@@ -11,6 +11,7 @@
 #include "store/session.h"
 #include "store/ui.h"
 #include "support/full_base.h"
+#include "support/medianas.h"
 #include "support/raw_sqlite.h"
 #include "support/run_benchmarks.h"
 
@@ -227,27 +228,16 @@ void BM_TwoRawPreparedInserts(benchmark::State &state)
 }
 BENCHMARK(BM_TwoRawPreparedInserts)->Unit(benchmark::kMicrosecond);
 
-double mediana(const std::function<void()> &f, int veces)
-{
-    std::vector<double> t;
-    for (int i = 0; i < veces; ++i) {
-        const auto a = std::chrono::steady_clock::now();
-        f();
-        t.push_back(std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - a).count());
-    }
-    std::nth_element(t.begin(), t.begin() + long(t.size() / 2), t.end());
-    return t[t.size() / 2];
-}
-
 } // namespace
 
 int main(int argc, char **argv)
 {
     QCoreApplication app(argc, argv);
     // The medians first: the benchmarks below add thousands of purchases.
-    const double l = mediana(lotes, 301), lc = mediana(lecturaCruda, 301);
-    const double c = mediana(comision, 1001), cc = mediana(bandasCrudas, 1001);
-    const double p = mediana(compra, 501), pc = mediana(dosInserciones, 501);
+    const double l = 1000 * bench::medianaDe(301, lotes), lc = 1000 * bench::medianaDe(301, lecturaCruda);
+    const double c = 1000 * bench::medianaDe(1001, comision),
+                 cc = 1000 * bench::medianaDe(1001, bandasCrudas);
+    const double p = 1000 * bench::medianaDe(501, compra), pc = 1000 * bench::medianaDe(501, dosInserciones);
     std::printf("lots panel, a ledger of 1000 records:     median %8.1f us (target <= 300 us)\n", l);
     std::printf("  raw SQLite read of the same rows:         median %8.1f us   ratio %.2f\n", lc, l / lc);
     std::printf("Cargar_comisiones, a link and six bands:  median %8.1f us (target <= 50 us)\n", c);

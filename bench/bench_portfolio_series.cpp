@@ -10,6 +10,7 @@
 #include "store/session.h"
 #include "store/ui.h"
 #include "support/full_base.h"
+#include "support/medianas.h"
 #include "support/raw_sqlite.h"
 #include "support/run_benchmarks.h"
 
@@ -209,29 +210,16 @@ void BM_PortfolioValued50Positions(benchmark::State &state)
 }
 BENCHMARK(BM_PortfolioValued50Positions)->Unit(benchmark::kMicrosecond);
 
-double mediana(const std::function<void()> &antes, const std::function<void()> &f, int veces)
-{
-    std::vector<double> t;
-    for (int i = 0; i < veces; ++i) {
-        if (antes)
-            antes();
-        const auto a = std::chrono::steady_clock::now();
-        f();
-        t.push_back(std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - a).count());
-    }
-    std::nth_element(t.begin(), t.begin() + long(t.size() / 2), t.end());
-    return t[t.size() / 2];
-}
-
 } // namespace
 
 int main(int argc, char **argv)
 {
     QCoreApplication app(argc, argv);
     base();
-    const double s0 = mediana({}, serieCompleta, 15), c0 = mediana({}, cotizacionesCrudas, 15);
-    const double s1 = mediana(quitarUltimoDia, unDiaMas, 101), c1 = mediana({}, dosDiasCrudos, 101);
-    const double v = mediana({}, valorarCartera, 101), cv = mediana({}, posicionesCrudas, 101);
+    const double s0 = bench::medianaDe(15, serieCompleta), c0 = bench::medianaDe(15, cotizacionesCrudas);
+    const double s1 = bench::medianaDe(101, quitarUltimoDia, unDiaMas),
+                 c1 = bench::medianaDe(101, dosDiasCrudos);
+    const double v = bench::medianaDe(101, valorarCartera), cv = bench::medianaDe(101, posicionesCrudas);
     std::printf("series, mode 0, %lld days, 20 values, 200 lines: median %8.2f ms (target <= 300 ms)\n",
                 static_cast<long long>(base().dias.size()), s0);
     std::printf("  raw SQLite read of those values' quotes:       median %8.2f ms   ratio %.2f\n", c0,

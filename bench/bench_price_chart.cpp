@@ -9,6 +9,7 @@
 #include "store/session.h"
 #include "store/ui.h"
 #include "support/full_base.h"
+#include "support/medianas.h"
 #include "support/raw_sqlite.h"
 
 #include <QGuiApplication>
@@ -182,15 +183,8 @@ int main(int argc, char **argv)
     // the floor's 13 ms of other work leaves the caches cold for it.
     Ventana v(2999);
     Suelo suelo;
-    auto ms = [](auto &&f) {
-        const auto a = std::chrono::steady_clock::now();
-        f();
-        return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - a).count();
-    };
-    auto median = [](std::vector<double> t) {
-        std::sort(t.begin(), t.end());
-        return t[t.size() / 2];
-    };
+    using bench::mediana;
+    const auto ms = [](auto &&f) { return bench::milisegundos(f); };
     std::vector<double> seguidos, dibujo, suelos;
     for (int i = 0; i < 5; ++i)
         v.dibujar();
@@ -200,7 +194,7 @@ int main(int argc, char **argv)
         dibujo.push_back(ms([&] { v.dibujar(); }));
         suelos.push_back(ms([&] { suelo.medir(); }));
     }
-    const double b = median(seguidos), d = median(dibujo), f = median(suelos);
+    const double b = mediana(seguidos), d = mediana(dibujo), f = mediana(suelos);
     std::printf("DibujarGrafica, 6000 days, 1200x800: median %.3f ms back to back (target <= 5 ms)\n", b);
     std::printf("  the same, each after the floor:      median %.3f ms\n", d);
     std::printf("floor (raw SQLite read + QPainter):   median %.3f ms\n", f);

@@ -29,6 +29,7 @@
 #include "store/ui.h"
 #include "store/usuario.h"
 #include "support/full_base.h"
+#include "support/medianas.h"
 #include "support/raw_sqlite.h"
 #include "support/run_benchmarks.h"
 
@@ -153,19 +154,6 @@ void BM_IntervaloSqliteCrudo(benchmark::State &state)
 }
 BENCHMARK(BM_IntervaloSqliteCrudo)->Unit(benchmark::kMillisecond);
 
-double ms(const std::function<void()> &f)
-{
-    const auto a = std::chrono::steady_clock::now();
-    f();
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - a).count();
-}
-
-double mediana(std::vector<double> t)
-{
-    std::sort(t.begin(), t.end());
-    return t[t.size() / 2];
-}
-
 // The program from its start to the main window drawn on a copy of the full
 // base, the login entered by the test hook: wall time and peak resident set.
 struct Arranque {
@@ -216,13 +204,13 @@ int main(int argc, char **argv)
     auto dia = m.ventana(false), intervalo = m.ventana(true);
     std::vector<double> tDia, tDiaCrudo, tIntervalo, tIntervaloCrudo;
     for (int i = 0; i < 31; ++i) {
-        tDia.push_back(ms([&] { dia->dibujar(); }));
-        tDiaCrudo.push_back(ms([&] { m.crudo(kDia, true); }));
-        tIntervalo.push_back(ms([&] { intervalo->dibujar(); }));
-        tIntervaloCrudo.push_back(ms([&] { m.crudo(kIntervalo, false); }));
+        tDia.push_back(bench::milisegundos([&] { dia->dibujar(); }));
+        tDiaCrudo.push_back(bench::milisegundos([&] { m.crudo(kDia, true); }));
+        tIntervalo.push_back(bench::milisegundos([&] { intervalo->dibujar(); }));
+        tIntervaloCrudo.push_back(bench::milisegundos([&] { m.crudo(kIntervalo, false); }));
     }
-    const double d = mediana(tDia), dc = mediana(tDiaCrudo), iv = mediana(tIntervalo),
-                 ic = mediana(tIntervaloCrudo);
+    const double d = bench::mediana(tDia), dc = bench::mediana(tDiaCrudo), iv = bench::mediana(tIntervalo),
+                 ic = bench::mediana(tIntervaloCrudo);
     std::printf("dibujar, a day of %d values by Dif:  median %.3f ms (target <= 5 ms)\n", dia->NumReg, d);
     std::printf("  raw SQLite, the same rows:          median %.3f ms   ratio %.2f\n", dc, d / dc);
     std::printf("dibujar, a one-year interval:         median %.3f ms (target <= 50 ms)\n", iv);
@@ -251,6 +239,6 @@ int main(int argc, char **argv)
     std::printf(
         "start-up to the main window drawn:    median %.0f ms (target <= 1000 ms), peak %.0f MB resident "
         "(target <= 200 MB)\n",
-        mediana(tiempos), *std::max_element(megas.begin(), megas.end()));
+        bench::mediana(tiempos), *std::max_element(megas.begin(), megas.end()));
     return 0;
 }

@@ -33,4 +33,15 @@ template <class F> double medianaDe(int veces, F &&f)
     return mediana(std::move(t));
 }
 
+// The same with `antes` run before each timed run, outside the time.
+template <class A, class F> double medianaDe(int veces, A &&antes, F &&f)
+{
+    std::vector<double> t;
+    for (int i = 0; i < veces; ++i) {
+        antes();
+        t.push_back(milisegundos(f));
+    }
+    return mediana(std::move(t));
+}
+
 } // namespace tesorel::bench
