@@ -24,7 +24,7 @@ RejillaComisiones::RejillaComisiones(QWidget *padre, QBoxLayout *capa)
         for (int c = 0; c < 5; ++c) {
             auto *l = crearEtiqueta(QStringLiteral("%1_%2").arg(nombres[c]).arg(i), {}, padre);
             if (i == 0)
-                l->setStyleSheet(conPaleta("font-weight: bold; color: @marca;"));
+                l->setStyleSheet(estiloRotulo());
             if (c > 0)
                 l->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
             celdas_[size_t(i)][size_t(c)] = l;

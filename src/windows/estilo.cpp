@@ -48,6 +48,12 @@ QString conPaleta(const QString &hoja)
     return r + hoja.mid(desde);
 }
 
+const QString &estiloRotulo()
+{
+    static const QString hoja = conPaleta(QStringLiteral("font-weight: bold; color: @marca;"));
+    return hoja;
+}
+
 QString HojaDeEstilo()
 {
     return conPaleta(QStringLiteral(R"(

@@ -17,6 +17,9 @@ void Centrar(QWidget *ventana);
 // ("color: @marca;").
 QString conPaleta(const QString &hoja);
 
+// The bold heading in the program's own blue that many forms put over their fields.
+const QString &estiloRotulo();
+
 // The look of every window: DejaVu Sans, the dark blue header, light panels.
 QString HojaDeEstilo();
 

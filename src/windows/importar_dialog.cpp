@@ -80,7 +80,7 @@ ImportarDialog::ImportarDialog(Session &s, const Comandos &comandos, QWidget *pa
     auto *capa = new QVBoxLayout(this);
     auto *cabecera = new QHBoxLayout;
     auto *titulo = new QLabel(QStringLiteral("Importación de cotizaciones"), this);
-    titulo->setStyleSheet(conPaleta("font-weight: bold; color: @marca;"));
+    titulo->setStyleSheet(estiloRotulo());
     cabecera->addWidget(titulo);
     cabecera->addStretch();
     cabecera->addWidget(Label4);

@@ -59,7 +59,7 @@ ImportinetDialog::ImportinetDialog(Session &s, FuentesCierres fuentes, Importine
 
     auto *Label2 = etiqueta("Label2", this);
     Label2->setText(Importinet::Label2);
-    Label2->setStyleSheet(conPaleta("font-weight: bold; color: @marca;"));
+    Label2->setStyleSheet(estiloRotulo());
     Label1_ = etiqueta("Label1", this);
     Label1_->setMinimumWidth(520);
     auto *barras = new QHBoxLayout;
@@ -178,10 +178,11 @@ void ImportinetDialog::mostrar()
     Label1_->setText(m.Label1);
     DIA_->setText(m.DIA);
     site_->setText(m.site);
+    static const QString lleno = conPaleta(QStringLiteral("background: @lleno;")),
+                         vacio = conPaleta(QStringLiteral("background: @vacio;"));
     const bool llenas[3] = {m.sape1, m.sape2, m.sape3};
     for (int i = 0; i < 3; ++i)
-        sape_[size_t(i)]->setStyleSheet(llenas[i] ? conPaleta("background: @lleno;")
-                                                  : conPaleta("background: @vacio;"));
+        sape_[size_t(i)]->setStyleSheet(llenas[i] ? lleno : vacio);
     Shape1_->setValue(m.Shape2_Width);
     QStringList dias;
     for (const auto &e : m.List1)

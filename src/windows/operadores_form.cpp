@@ -37,7 +37,7 @@ OperadoresDialog::OperadoresDialog(Session &s, QWidget *parent)
     for (int c = 0; c < operadoresform::kColumnas; ++c) {
         auto *cabecera =
             crearEtiqueta(QStringLiteral("%1_0").arg(nombres[c]), operadoresform::Cabeceras[size_t(c)], this);
-        cabecera->setStyleSheet(conPaleta("font-weight: bold; color: @marca;"));
+        cabecera->setStyleSheet(estiloRotulo());
         rejilla->addWidget(cabecera, 0, c);
     }
     for (int f = 1; f <= operadoresform::kFilas; ++f) {

@@ -56,7 +56,7 @@ VenderDialog::VenderDialog(Session &s, EntornoCompraVenta entorno, QWidget *pare
     const char *cabeceras[] = {"Fecha", "Cantidad", "P.Compra", "Total", "Resultado    %"};
     for (int c = 0; c < 5; ++c) {
         auto *l = new QLabel(QString::fromUtf8(cabeceras[c]), panel_);
-        l->setStyleSheet(conPaleta("font-weight: bold; color: @marca;"));
+        l->setStyleSheet(estiloRotulo());
         rejilla->addWidget(l, 0, c, 1, c == 4 ? 3 : 1);
     }
     for (int f = 0; f <= PanelLotes::kLotes; ++f)
