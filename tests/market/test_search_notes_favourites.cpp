@@ -43,15 +43,6 @@ TEST_F(MarketTest, SearchCases)
     EXPECT_TRUE(ui.messages.empty()); // nothing is said, not even for the apostrophe
 }
 
-TEST_F(MarketTest, ResultEntriesCarryTheCodeAndAClickSelects)
-{
-    nav->busqueda.setBuscar("BANCO");
-    nav->busqueda.buscar_Return();
-    EXPECT_EQ(datos(), (QList<double>{10, 13}));
-    click(0);
-    EXPECT_EQ(nav->seleccion.Text1(), "BANCO SANTANDER");
-}
-
 TEST_F(MarketTest, SearchBoxFocusSelectsAllAndEmptyingBringsTheListBack)
 {
     nav->busqueda.setBuscar("BANCO");

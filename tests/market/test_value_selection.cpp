@@ -77,6 +77,7 @@ TEST_F(Selection, SelectingEmptiesTheSearchAndAResultListGoesAway)
     nav->busqueda.setBuscar("BANCO");
     nav->busqueda.buscar_Return();
     ASSERT_EQ(nav->lista.Titul, "Resultados");
+    EXPECT_EQ(datos(), (QList<double>{10, 13})); // the entries carry the codes
     click(1);
     EXPECT_EQ(nav->seleccion.Text1(), "BANCO SABADELL");
     EXPECT_EQ(nav->busqueda.buscar(), "");
