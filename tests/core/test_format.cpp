@@ -7,131 +7,71 @@ using namespace tesorel;
 namespace
 {
 
-struct MaskCase {
-    double value;
-    const char *mask;
-    const char *expected;
-};
-
-void expectAll(const std::vector<MaskCase> &cases)
+TEST(NumberMask, Cases)
 {
-    for (const auto &c : cases)
-        EXPECT_EQ(Format(c.value, QString::fromUtf8(c.mask)), QString::fromUtf8(c.expected))
-            << c.value << " through \"" << c.mask << "\"";
-}
-
-TEST(NumberMask, OptionalDecimalsKeepTheComma)
-{
-    expectAll({
+    const struct {
+        double value;
+        const char *mask;
+        const char *expected;
+    } cases[] = {
+        // optional decimals keep the comma
         {12, "##0.##", "12,"},
         {12.3, "##0.##", "12,3"},
         {12.345, "##0.##", "12,35"},
         {0.5, "##0.##", "0,5"},
-        {-12, "##0.##", "-12,"},
-        {0.1, "#0.###", "0,1"},
-        {2, "#0.###", "2,"},
         {0.0004, "#0.###", "0,"},
         {1234.567, "#####.## ", "1234,57 "},
-    });
-}
-
-TEST(NumberMask, HashesShowNoLeadingZero)
-{
-    expectAll({
+        // hashes show no leading zero
         {0, "#", ""},
         {0.5, "#.##", ",5"},
         {0, "###,###.##", ","},
-        {0.25, "###,###.##", ",25"},
         {0.5, "###,###,###.00 ", ",50 "},
         {0.4, "########", ""},
         {0, "##,##", ""},
         {0.4, "#####0", "0"},
-    });
-}
-
-TEST(NumberMask, FixedDecimals)
-{
-    expectAll({
+        // fixed decimals
         {3.14159, "#0.00", "3,14"},
         {-2.5, "#0.00", "-2,50"},
-        {1234.5, "#0.00", "1234,50"},
         {0.004, "##0.00", "0,00"},
         {12.3456, "#0.000", "12,346"},
-        {7.5, "####0.00  ", "7,50  "},
         {2.55, "#0.0", "2,6"},
         {-1.25, "#0.0", "-1,3"},
-        {12.345, "###0.00", "12,35"},
         {9.999, "0.00", "10,00"},
         {0, "0.00", "0,00"},
-    });
-}
-
-TEST(NumberMask, GroupingByThousands)
-{
-    expectAll({
+        // grouping by thousands
         {1234.5, "###,###.##", "1.234,5"},
         {1234567, "###,###.##", "1.234.567,"},
         {1234567890, "###,###,###,### ", "1.234.567.890 "},
-        {5, "###,###,###,### ", "5 "},
         {1234.5, "###,##0.00  ", "1.234,50  "},
         {0, "###,##0.00  ", "0,00  "},
         {1234567.891, "###,###,##0.00 ", "1.234.567,89 "},
         {-1234567.891, "###,###,##0.00 ", "-1.234.567,89 "},
-        {1234567, "###,###,###", "1.234.567"},
         {999, "###,###,###", "999"},
         {1000, "###,###,###", "1.000"},
         {1234, "####,###  ", "1.234  "},
         {123456789012.0, "###,###", "123.456.789.012"},
-        // the comma of "##,##" lies in the integer part: grouping, not decimals
-        {12345.6, "##,##", "12.346"},
-        {12, "##,##", "12"},
-        {1234, "##,##", "1.234"},
-    });
-}
-
-TEST(NumberMask, WholeNumbers)
-{
-    expectAll({
+        {12345.6, "##,##", "12.346"}, // the comma lies in the integer part: grouping, not decimals
+        // whole numbers
         {12.6, "#####0", "13"},
         {1234567.4, "########", "1234567"},
         {1234567.5, "########", "1234568"},
         {99.5, "#0", "100"},
         {0.5, "#", "1"},
         {1e20, "0", "100000000000000000000"},
-    });
-}
-
-TEST(NumberMask, PercentMultipliesByAHundred)
-{
-    expectAll({
+        // percent multiplies by a hundred
         {0.1234, "####,###.## %", "12,34 %"},
         {0.5, "####,###.## %", "50, %"},
         {-0.0525, "####,###.## %", "-5,25 %"},
         {12.5, "####,###.## %", "1.250, %"},
-        {0.1234, "####,###.## %  ", "12,34 %  "},
         {0.25, "0%", "25%"},
-    });
-}
-
-TEST(NumberMask, RoundsHalfAwayOnTheDecimalText)
-{
-    expectAll({
+        // half away from zero on the decimal text
         {1.005, "0.00", "1,01"}, // 1.00499999999999989... in binary
-        {2.345, "0.00", "2,35"},
-        {2.675, "0.00", "2,68"},
         {0.125, "0.00", "0,13"},
         {-0.5, "0", "-1"},
         {2.5, "0", "3"},
-        {-2.5, "0", "-3"},
-        // a negative number keeps its sign though its digits round to zero
-        {-0.001, "0.00", "-0,00"},
+        {-0.001, "0.00", "-0,00"}, // the sign stays though the digits round to zero
         {-0.4, "0", "-0"},
-    });
-}
-
-TEST(NumberMask, SectionsLiteralsAndScaling)
-{
-    expectAll({
+        // sections, literals and scaling
         {5, "0;(0)", "5"},
         {-5, "0;(0)", "(5)"},
         {0, "0;(0);\"cero\"", "cero"},
@@ -141,7 +81,42 @@ TEST(NumberMask, SectionsLiteralsAndScaling)
         {1234567, "#,##0,", "1.235"},
         {12.5, ".##", "12,5"},
         {12.5, "", "12,5"},
-    });
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(Format(c.value, QString::fromUtf8(c.mask)), QString::fromUtf8(c.expected))
+            << c.value << " through \"" << c.mask << "\"";
+}
+
+TEST(DateMask, SpanishNamesAndNumbers)
+{
+    const QDate tuesday(2024, 3, 5);
+    const QDate wednesday(2023, 11, 15);
+    const struct {
+        QDate date;
+        const char *mask;
+        const char *expected;
+    } cases[] = {
+        {tuesday, "dd/mm/yyyy", "05/03/2024"},
+        {tuesday, "dd/mm/yy", "05/03/24"},
+        {tuesday, "mm-dd-yy", "03-05-24"},
+        {tuesday, "ddmmyy", "050324"},
+        {tuesday, "dddd dd, mmmm d yyyy", "martes 05, marzo 5 2024"},
+        {tuesday, "dddd, dd-mmmm-yyyy", "martes, 05-marzo-2024"},
+        {tuesday, "DD/MM/YYYY", "05/03/2024"},
+        {tuesday, "ddddd", "05/03/2024"},
+        {tuesday, "dddddd", "martes, 5 de marzo de 2024"},
+        {wednesday, "dddd", "miércoles"},
+        {wednesday, "ddd", "mié"},
+        {wednesday, "mmm", "nov"},
+        {wednesday, "d/m/yy", "15/11/23"},
+        {QDate(1999, 1, 16), "dddd", "sábado"},
+        {QDate(2005, 9, 1), "mmmm yyyy", "septiembre 2005"},
+        {QDate(2024, 12, 29), "dddd dd mmm", "domingo 29 dic"},
+        {QDate(), "dd/mm/yyyy", ""},
+        {QDate(), "mmmm", ""},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(Format(c.date, QString::fromUtf8(c.mask)), QString::fromUtf8(c.expected)) << c.mask;
 }
 
 } // namespace
