@@ -3,7 +3,6 @@
 #include "support/test_base.h"
 
 #include <QFile>
-#include <sqlite3.h>
 
 using namespace tesorel;
 using tesorel::testing_store::errorNumber;
@@ -11,16 +10,6 @@ using tesorel::testing_store::SmallBase;
 
 namespace
 {
-
-QString pragma(Database &db, const char *name)
-{
-    sqlite3_stmt *stmt = nullptr;
-    sqlite3_prepare_v2(db.handle(), QByteArray("PRAGMA ").append(name).constData(), -1, &stmt, nullptr);
-    sqlite3_step(stmt);
-    const QString value = QString::fromUtf8(reinterpret_cast<const char *>(sqlite3_column_text(stmt, 0)));
-    sqlite3_finalize(stmt);
-    return value;
-}
 
 TEST(Database, MissingFileIs3024AndCreatesNothing)
 {
@@ -34,15 +23,6 @@ TEST(Database, MissingFileIs3024AndCreatesNothing)
         EXPECT_EQ(e.description(), QStringLiteral("No se encuentra el archivo '%1'.").arg(path));
     }
     EXPECT_FALSE(QFile::exists(path));
-}
-
-TEST_F(SmallBase, OpensWithWalAndNormalSync)
-{
-    base.reset();
-    auto reopened = Database::open(path);
-    EXPECT_EQ(pragma(*reopened, "journal_mode"), QStringLiteral("wal"));
-    EXPECT_EQ(pragma(*reopened, "synchronous"), QStringLiteral("1"));
-    EXPECT_EQ(pragma(*reopened, "foreign_keys"), QStringLiteral("0"));
 }
 
 TEST_F(SmallBase, ExecuteCountsChangedRows)

@@ -250,9 +250,6 @@ TEST_F(SmallBase, AddNewEditUpdateDeleteRoundTrip)
 TEST_F(SmallBase, AddNewKeepsTheCurrentRowAndShowsTheRowAtTheEnd)
 {
     fill(3);
-    struct Case {
-        const char *source;
-    };
     for (const char *source : {"quotes", "select * from quotes order by fecha"}) {
         auto rs = base->openRecordset(QString::fromUtf8(source));
         rs->MoveNext();

@@ -207,11 +207,6 @@ TEST_F(ErrorReporting, AGuardedStepIsSkippedAndTheProcedureGoesOn)
     EXPECT_EQ(ui.messages[1].prompt, "3000 engine");
 }
 
-} // namespace
-
-namespace
-{
-
 // The quick readings must give what the long way through the text gives.
 TEST(Texts, QuickFieldReadingsAgreeWithTheTextRoute)
 {
