@@ -4,6 +4,7 @@
 #include "store/helpers.h"
 #include "store/query.h"
 
+#include <QDate>
 #include <QStringList>
 #include <gtest/gtest.h>
 
@@ -17,60 +18,81 @@ QT_END_NAMESPACE
 namespace tesorel::testing
 {
 
-// A session of user 1 on a fresh base with three values, and brokers:
-// 1 "Uno" (one band 0..1000 at 0.35 % with a minimum of 6, and 1000..5000
-// at 0.2 % minimum 0), 2 "Enlazado" (a link row to "Canon" and its own
-// band), 3 "Canon" (a flat 2.5 and a link to "Uno" that is not followed),
-// 4 "Cinco" (five bands of minimums 1 to 5), 5 "Fijo" (6 on any amount).
-struct SesionDeApuntes : SesionDePrueba {
+// A session of user 1 on a fresh base, the numbers of the errors it reports,
+// and the rows a test writes: companies, quotes, positions, ledger lines, bands.
+struct LibroDePrueba : SesionDePrueba {
     QStringList errores;
+    Database &db = *s.Base_Datos;
 
-    SesionDeApuntes()
+    LibroDePrueba()
     {
         s.Usuario_Numero = 1;
         s.alRegistrarError = [this](const RuntimeError &e) { errores << QString::number(e.number()); };
-        auto &db = *s.Base_Datos;
-        Query e(
-            db,
-            "insert into Codigo_Empresas (codigo, NOMBRE, ABREVIATURA11, ABREVIATURA3) values (?, ?, ?, ?)");
-        e.bind(1, 10)
-            .bind(2, QStringLiteral("TELEFONICA SA"))
-            .bind(3, QStringLiteral("TELEFONICA"))
-            .bind(4, QStringLiteral("TEF"))
+    }
+    void empresa(int codigo, const QString &abrev)
+    {
+        Query(db,
+              "insert into Codigo_Empresas (Codigo, NOMBRE, ABREVIATURA3, ABREVIATURA11) values (?, ?, ?, ?)")
+            .bind(1, codigo)
+            .bind(2, abrev + " SA")
+            .bind(3, abrev.left(3))
+            .bind(4, abrev)
             .exec();
-        e.bind(1, 11)
-            .bind(2, QStringLiteral("REPSOL SA"))
-            .bind(3, QStringLiteral("REPSOL"))
-            .bind(4, QStringLiteral("REP"))
-            .exec();
-        e.bind(1, 12)
-            .bind(2, QStringLiteral("BANCO SA"))
-            .bind(3, QStringLiteral("BANCO"))
-            .bind(4, QStringLiteral("SAN"))
-            .exec();
-        Query o(db, "insert into operadores (codigo, NOMBRE) values (?, ?)");
-        o.bind(1, 1).bind(2, QStringLiteral("Uno")).exec();
-        o.bind(1, 2).bind(2, QStringLiteral("Enlazado")).exec();
-        o.bind(1, 3).bind(2, QStringLiteral("Canon")).exec();
-        o.bind(1, 4).bind(2, QStringLiteral("Cinco")).exec();
-        banda(1, "Corretaje", 0.35, 6, 0, 1000);
-        banda(1, "Tramo alto", 0.2, 0, 1000, 5000);
-        banda(2, "Canon", 0, 0, 0, 1e9);
-        banda(2, "Propia", 0.1, 1, 0, 1e9);
-        banda(3, "Plano", 0, 2.5, 0, 1e9);
-        banda(3, "Uno", 0, 0, 0, 1e9);
-        o.bind(1, 5).bind(2, QStringLiteral("Fijo")).exec();
-        banda(5, "Fijo", 0, 6, 0, 1e9);
-        for (int i = 1; i <= 5; ++i)
-            banda(4, "B" + QString::number(i), 0, i, 0, 1e9);
         Abrir_Empresas(s);
     }
-
+    void cotizacion(int valor, QDate dia, double ultimo, double anterior = 0, double volumen = 0)
+    {
+        Query(db, "insert into bolsa (VALOR, FECHA, ANTERIOR, ULTIMO, VOLUMEN, MAXIMO, MINIMO, EFECT) "
+                  "values (?, ?, ?, ?, ?, ?, ?, 0)")
+            .bind(1, valor)
+            .bind(2, dia)
+            .bind(3, anterior)
+            .bind(4, ultimo)
+            .bind(5, volumen)
+            .bind(6, ultimo)
+            .bind(7, ultimo)
+            .exec();
+    }
+    void posicion(int valor, double cantidad, double precio, double total, QDate compra)
+    {
+        Query(db, "insert into cartera (Usuario, VALOR, Cantidad, Precio_Compra, Fecha_Compra, Total_Compra) "
+                  "values (?, ?, ?, ?, ?, ?)")
+            .bind(1, s.Usuario_Numero)
+            .bind(2, valor)
+            .bind(3, cantidad)
+            .bind(4, precio)
+            .bind(5, compra)
+            .bind(6, total)
+            .exec();
+    }
+    // A positive quantity is a purchase, a negative one a sale.
+    void apunte(int valor, QDate dia, double cantidad, double total, int entidad = 0)
+    {
+        Query(db, "insert into historico (Usuario, Cantidad, VALOR, operacionNum, Operacion, Entidad, "
+                  "precio_operacion, Fecha_operacion, Total_operacion) values (?, ?, ?, ?, '', ?, ?, ?, ?)")
+            .bind(1, s.Usuario_Numero)
+            .bind(2, cantidad)
+            .bind(3, valor)
+            .bind(4, cantidad > 0 ? 2 : 4)
+            .bind(5, entidad)
+            .bind(6, cantidad != 0 ? std::abs(total / cantidad) : 0.0)
+            .bind(7, dia)
+            .bind(8, total)
+            .exec();
+    }
+    void diaActual(QDate dia)
+    {
+        Query(db, "update Usuario_Actual set USUARIO_ACTUAL = ?, fecha_Actual = ?")
+            .bind(1, s.Usuario_Numero)
+            .bind(2, dia)
+            .exec();
+    }
     void banda(int entidad, const QString &nombre, double tanto, double minimo, double desde, double hasta)
     {
-        Query b(*s.Base_Datos, "insert into comisiones (Entidad, NOMBRE, Tanto, minimo, desde, Hasta) values "
-                               "(?, ?, ?, ?, ?, ?)");
-        b.bind(1, entidad)
+        Query(
+            db,
+            "insert into comisiones (Entidad, NOMBRE, Tanto, minimo, desde, Hasta) values (?, ?, ?, ?, ?, ?)")
+            .bind(1, entidad)
             .bind(2, nombre)
             .bind(3, tanto)
             .bind(4, minimo)
@@ -78,13 +100,43 @@ struct SesionDeApuntes : SesionDePrueba {
             .bind(6, hasta)
             .exec();
     }
-
     QVariant uno(const QString &sql)
     {
-        Query q(*s.Base_Datos, sql);
+        Query q(db, sql);
         return q.next() ? q.value(0) : QVariant();
     }
     double numero(const QString &sql) { return uno(sql).toDouble(); }
+};
+
+// The same as a test fixture.
+struct CarteraBase : ::testing::Test, LibroDePrueba {
+};
+
+// Three values (10 TELEFONICA, 11 REPSOL, 12 BANCO) and brokers:
+// 1 "Uno" (one band 0..1000 at 0.35 % with a minimum of 6, and 1000..5000
+// at 0.2 % minimum 0), 2 "Enlazado" (a link row to "Canon" and its own
+// band), 3 "Canon" (a flat 2.5 and a link to "Uno" that is not followed),
+// 4 "Cinco" (five bands of minimums 1 to 5), 5 "Fijo" (6 on any amount).
+struct SesionDeApuntes : LibroDePrueba {
+    SesionDeApuntes()
+    {
+        empresa(10, "TELEFONICA");
+        empresa(11, "REPSOL");
+        empresa(12, "BANCO");
+        Query o(db, "insert into operadores (codigo, NOMBRE) values (?, ?)");
+        int codigo = 0;
+        for (const char *nombre : {"Uno", "Enlazado", "Canon", "Cinco", "Fijo"})
+            o.bind(1, ++codigo).bind(2, QString(nombre)).exec();
+        banda(1, "Corretaje", 0.35, 6, 0, 1000);
+        banda(1, "Tramo alto", 0.2, 0, 1000, 5000);
+        banda(2, "Canon", 0, 0, 0, 1e9);
+        banda(2, "Propia", 0.1, 1, 0, 1e9);
+        banda(3, "Plano", 0, 2.5, 0, 1e9);
+        banda(3, "Uno", 0, 0, 0, 1e9);
+        banda(5, "Fijo", 0, 6, 0, 1e9);
+        for (int i = 1; i <= 5; ++i)
+            banda(4, "B" + QString::number(i), 0, i, 0, 1e9);
+    }
 };
 
 } // namespace tesorel::testing

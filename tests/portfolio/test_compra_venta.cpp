@@ -12,19 +12,23 @@ struct Apuntes : SesionDeApuntes {
     Apuntes() { s.hoyFijo = QDate(2026, 11, 23); }
     EntornoCompraVenta entorno{[] { return QStringLiteral("TELEFONICA SA"); }, {}};
 
-    // Types the fields in the order given: "P" price, "C" quantity.
-    void comprar(const QString &orden, const QString &precio, const QString &cantidad,
-                 const QString &broker = "Fijo")
+    // Opens the purchase on broker "Fijo" and types the fields in the order
+    // given: "P" price, "C" quantity.
+    void teclear(Comprar &c, const QString &orden, const QString &precio, const QString &cantidad)
     {
-        Comprar c(s, entorno);
         c.Form_Load();
-        c.Combo2 = broker;
+        c.Combo2 = "Fijo";
         c.Combo2_Evento(2);
         // With no amount yet the commission's conversions fail (reported, as always).
         EXPECT_EQ(errores.mid(errores.size() - 2), QStringList({"3075", "13"}));
         errores.clear();
         for (QChar campo : orden)
             campo == 'P' ? c.setPrecio(precio) : c.setCantidad(cantidad);
+    }
+    void comprar(const QString &orden, const QString &precio, const QString &cantidad)
+    {
+        Comprar c(s, entorno);
+        teclear(c, orden, precio, cantidad);
         c.Aceptar_Click();
     }
     void vender(const QString &cantidad, const QString &precio)
@@ -56,13 +60,9 @@ TEST(Comprar, CadenaConLasDosReglasDeLectura)
     for (const Caso &c : casos) {
         Apuntes f;
         Comprar v(f.s, f.entorno);
-        v.Form_Load();
+        f.teclear(v, c.orden, c.precio, c.cantidad);
         EXPECT_EQ(v.Combo1, "TELEFONICA");
         EXPECT_EQ(v.Fecha, "23/11/26");
-        v.Combo2 = "Fijo";
-        v.Combo2_Evento(2);
-        for (QChar campo : QString(c.orden))
-            campo == 'P' ? v.setPrecio(c.precio) : v.setCantidad(c.cantidad);
         EXPECT_EQ(v.Precio_total(), c.bruto) << c.orden << c.precio;
         EXPECT_EQ(v.Total(), c.total) << c.orden << c.precio;
     }

@@ -1,32 +1,24 @@
+#include "booking_fixture.h"
 #include "core/numbers.h"
 #include "portfolio/historico.h"
 #include "portfolio/modif_historico.h"
-#include "store/helpers.h"
-#include "store/query.h"
 #include "store/recordset.h"
-#include "support/test_base.h"
 
 #include <QDir>
 #include <QFile>
-#include <gtest/gtest.h>
 
 using namespace tesorel;
 
 namespace
 {
 
-struct LedgerFixture : ::testing::Test {
-    tesorel::testing::SesionDePrueba t;
-    Session &s = t.s;
-    Database &db = *t.base.db;
-
+struct LedgerFixture : tesorel::testing::CarteraBase {
     void SetUp() override
     {
         db.execute("insert into Codigo_Empresas (Codigo, NOMBRE, ABREVIATURA3, ABREVIATURA11) values "
                    "(7, 'TELEFONICA', 'TEF', 'TELEFONICA'), (8, 'REPSOL YPF', 'REP', 'REPSOL')");
         db.execute("insert into operadores (codigo, NOMBRE) values (1, 'BANCO')");
         Abrir_Empresas(s);
-        s.Usuario_Numero = 1;
         //      valor cantidad tipo  broker  precio  fecha        total
         linea(7, 100, 2, 1, 10, QDate(2005, 3, 1), 1006.35);
         linea(8, 50, 2, 9, 20, QDate(2005, 1, 10), 1010); // broker deleted since
@@ -53,12 +45,7 @@ struct LedgerFixture : ::testing::Test {
             r << f.Fecha + " " + f.Valor;
         return r;
     }
-    int cuenta()
-    {
-        Query q(db, "select count(*) from historico");
-        q.next();
-        return int(q.number(0));
-    }
+    int cuenta() { return int(numero("select count(*) from historico")); }
 };
 
 } // namespace
@@ -103,16 +90,16 @@ TEST_F(LedgerFixture, DeletingOneOrAllShownAsksFirst)
 {
     Historico h(s);
     h.Form_Load();
-    t.ui.answers = {mb::No};
+    ui.answers = {mb::No};
     h.Borrar_Click(2);
     EXPECT_EQ(cuenta(), 5);
-    t.ui.answers = {mb::Yes};
+    ui.answers = {mb::Yes};
     h.Borrar_Click(2); // REPSOL
     EXPECT_EQ(cuenta(), 4);
     EXPECT_EQ(primeras(h),
               QStringList({"05/05/2004 TELEFONICA", "01/03/2005 TELEFONICA", "01/02/2006 TELEFONICA"}));
     h.Command2_Click();
-    t.ui.answers = {mb::Yes};
+    ui.answers = {mb::Yes};
     h.BorrarTodo_Click();
     EXPECT_EQ(cuenta(), 2); // the 2006 sale and the other user's line stay
     EXPECT_TRUE(h.filas.empty());
@@ -124,7 +111,7 @@ TEST_F(LedgerFixture, ReportCopiesTheRowsWithTheCommissionByThePointRule)
     h.Form_Load();
     h.Command1_Click(2);
     const QString ruta = s.carpeta + "/historico.htm";
-    EXPECT_EQ(t.ui.opened, QStringList({ruta}));
+    EXPECT_EQ(ui.opened, QStringList({ruta}));
     QFile f(ruta);
     ASSERT_TRUE(f.open(QIODevice::ReadOnly));
     const QList<QByteArray> lineas = f.readAll().split('\n');
@@ -156,13 +143,13 @@ TEST_F(LedgerFixture, TaxExportAddsATitularEachRunAndSkipsOtherVerbs)
     h.Form_Load();
     h.letra = s.carpeta;
     // A missing folder: the error is reported, the closing message shows, no file.
-    t.ui.inputs = {"ANA"};
+    ui.inputs = {"ANA"};
     h.exportarTxe();
     EXPECT_FALSE(QFile::exists(s.carpeta + "/AEAT/txe2005/Carteras2005.mdb"));
-    EXPECT_EQ(t.ui.messages.back().title, "TXE");
+    EXPECT_EQ(ui.messages.back().title, "TXE");
 
     ASSERT_TRUE(QDir(s.carpeta).mkpath("AEAT/txe2005"));
-    t.ui.inputs = {"ANA", "ANA"};
+    ui.inputs = {"ANA", "ANA"};
     h.exportarTxe();
     h.exportarTxe();
     auto txe = Database::open(s.carpeta + "/AEAT/txe2005/Carteras2005.mdb");
@@ -205,9 +192,9 @@ TEST_F(LedgerFixture, EditorRewritesTheLineAsTyped)
         ModifHistorico m(s);
         m.Form_Load();
         c.cambiar(m);
-        t.ui.messages.clear();
+        ui.messages.clear();
         EXPECT_TRUE(m.Aceptar_Click());
-        EXPECT_EQ(t.ui.messages.empty() ? QString() : t.ui.messages[0].prompt, c.mensaje ? c.mensaje : "");
+        EXPECT_EQ(ui.messages.empty() ? QString() : ui.messages[0].prompt, c.mensaje ? c.mensaje : "");
         h.Llenar_tabla(QString(), Historico::OrdenFecha);
         s.Historico_rs->setAbsolutePosition(c.fila - 1);
         EXPECT_EQ(s.Historico_rs->field("Cantidad").toDouble(), c.cantidad);

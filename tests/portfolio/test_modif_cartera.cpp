@@ -1,4 +1,4 @@
-#include "cartera_fixture.h"
+#include "booking_fixture.h"
 
 #include "portfolio/modif_cartera.h"
 
@@ -12,18 +12,12 @@ struct Editor : CarteraBase {
     ModifCartera editor{s, [this] { ++cierres; }};
     void SetUp() override
     {
-        CarteraBase::SetUp();
         empresa(1, "ALFA");
         empresa(2, "BETA");
         posicion(1, 100, 10, 1006, QDate(2024, 3, 1));
         posicion(2, 5, 20, 101, QDate(2024, 3, 2));
         apunte(2, QDate(2024, 3, 2), 5, 101);
         s.Valor_Cartera_Edicion = 2;
-    }
-    double numero(const QString &sql)
-    {
-        Query q(db, sql);
-        return q.next() ? q.number(0) : -1;
     }
 };
 
@@ -58,11 +52,11 @@ TEST_F(Editor, DeletesOnlyWhenConfirmed)
         double quedan;
     } casos[] = {{mb::No, 2}, {mb::Yes, 1}};
     for (const auto &c : casos) {
-        t.ui.answers.push_back(c.respuesta);
+        ui.answers.push_back(c.respuesta);
         editor.Eliminar_Click();
         EXPECT_EQ(numero("select count(*) from cartera"), c.quedan);
     }
-    EXPECT_EQ(t.ui.messages[0].prompt, "¿Desea Eliminar BETA de su Cartera?");
+    EXPECT_EQ(ui.messages[0].prompt, "¿Desea Eliminar BETA de su Cartera?");
     EXPECT_EQ(numero("select count(*) from historico"), 1);
 }
 

@@ -8,16 +8,9 @@ namespace tesorel::testing
 namespace
 {
 
+// Ledger lines of value 10 through broker 5.
 struct Libro : SesionDeApuntes {
-    // A ledger line of value 10 for user 1: positive quantity a purchase.
-    void linea(const QDate &dia, double cantidad, double total)
-    {
-        Query q(*s.Base_Datos,
-                "insert into historico (Usuario, Cantidad, Valor, operacionNum, Entidad, "
-                "precio_operacion, Fecha_operacion, Total_operacion) values (1, ?, 10, ?, 5, ?, ?, ?)");
-        q.bind(1, cantidad).bind(2, cantidad > 0 ? 2 : 4).bind(3, std::abs(total / cantidad)).bind(4, dia);
-        q.bind(5, total).exec();
-    }
+    void linea(const QDate &dia, double cantidad, double total) { apunte(10, dia, cantidad, total, 5); }
     PanelLotes panel(const VentaEnCurso &venta = {"23/11/26", "", "", ""})
     {
         PanelLotes p;

@@ -1,4 +1,4 @@
-#include "cartera_fixture.h"
+#include "booking_fixture.h"
 
 #include "portfolio/serie_cartera.h"
 #include "store/valor.h"
@@ -16,12 +16,6 @@ struct FilaLeida {
 };
 
 struct Serie : CarteraBase {
-    std::vector<int> errores;
-    void SetUp() override
-    {
-        CarteraBase::SetUp();
-        s.alRegistrarError = [this](const RuntimeError &e) { errores.push_back(e.number()); };
-    }
     QDate dia(int n) const { return d1.addDays(n - 1); }
     std::vector<FilaLeida> serie()
     {
@@ -47,7 +41,7 @@ TEST_F(Serie, RowsStartWithTheFirstPurchaseAndNewMoneyMovesAnteriorAndUltimoAlik
     int relojes = 0;
     Generar_Serie_Cartera(s, 0, {[&](bool on) { relojes += on ? 1 : 10; }, {}});
     EXPECT_EQ(relojes, 11) << "the hourglass goes on and off once";
-    EXPECT_EQ(t.ui.eventsYielded, 5) << "one yield a date";
+    EXPECT_EQ(ui.eventsYielded, 5) << "one yield a date";
     const auto r = serie();
     ASSERT_EQ(r.size(), 3u);
     struct Caso {
@@ -106,11 +100,11 @@ TEST_F(Serie, ModeOneAddsTheNewDaysAndReturnsAtOnceWhenItHasSeenTheLastDay)
     EXPECT_DOUBLE_EQ(r[3].ultimo, 0.12);
 
     Generar_Serie_Cartera(s, 1); // learns that the series reaches the last day
-    const int yields = t.ui.eventsYielded;
+    const int yields = ui.eventsYielded;
     const size_t filas = serie().size();
     int relojes = 0;
     Generar_Serie_Cartera(s, 1, {[&](bool) { ++relojes; }, {}});
-    EXPECT_EQ(t.ui.eventsYielded, yields);
+    EXPECT_EQ(ui.eventsYielded, yields);
     EXPECT_EQ(serie().size(), filas);
 }
 
@@ -127,22 +121,22 @@ TEST_F(Serie, FiftyValuesAtOnceAndAFreedSlotReused)
     apunte(1, dia(2), -1, -1); // frees a slot
     apunte(51, dia(2), 1, 1);  // takes it
     Generar_Serie_Cartera(s, 0);
-    EXPECT_TRUE(errores.empty());
+    EXPECT_TRUE(errores.isEmpty());
     EXPECT_DOUBLE_EQ(serie()[1].ultimo, 0.05);
 
     apunte(52, dia(3), 1, 1); // a 51st value at once
     s.Fechas_Serie = {};
     Generar_Serie_Cartera(s, 0);
-    EXPECT_EQ(errores, std::vector<int>{err::SubscriptOutOfRange});
+    EXPECT_EQ(errores, QStringList({QString::number(err::SubscriptOutOfRange)}));
     EXPECT_DOUBLE_EQ(serie()[2].ultimo, 0.05) << "the 51st is left out";
 }
 
 TEST_F(Serie, NoStoredDatesIsReported)
 {
     Generar_Serie_Cartera(s, 0);
-    ASSERT_EQ(t.ui.messages.size(), 1u);
-    EXPECT_EQ(t.ui.messages[0].prompt, "error generando cartera");
-    EXPECT_EQ(t.ui.messages[0].title, "Atención");
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].prompt, "error generando cartera");
+    EXPECT_EQ(ui.messages[0].title, "Atención");
 }
 
 } // namespace
