@@ -1,6 +1,9 @@
 #pragma once
 #include <gtest/gtest.h>
 
+#include <QDir>
+#include <QFile>
+
 #include "store/database.h"
 #include "store/helpers.h"
 #include "store/query.h"
@@ -9,15 +12,21 @@
 namespace tesorel::testing
 {
 
-// A session of user 1 on a fresh base, with helpers to fill and read it.
+// A session of user 1 on a fresh base, with helpers to fill and read it;
+// every error the session files is kept in `errores`.
 class ImportFixture : public ::testing::Test
 {
   protected:
     SesionDePrueba sp;
     Session &s = sp.s;
     ScriptedUi &ui = sp.ui;
+    QList<int> errores;
 
-    ImportFixture() { s.Usuario_Numero = 1; }
+    ImportFixture()
+    {
+        s.Usuario_Numero = 1;
+        s.alRegistrarError = [this](const RuntimeError &e) { errores << e.number(); };
+    }
     Database &db() { return *s.Base_Datos; }
     QString carpeta() const { return sp.base.folder(); }
 
@@ -37,6 +46,26 @@ class ImportFixture : public ::testing::Test
     {
         Query q(db(), sql);
         return q.next() ? q.text(0) : QStringLiteral("<none>");
+    }
+    // The texts of every message box shown, in order.
+    QStringList mensajes() const
+    {
+        QStringList l;
+        for (const auto &m : ui.messages)
+            l << m.prompt;
+        return l;
+    }
+    // The files of the mail folder, without the harvest's work file.
+    QStringList enMail() const
+    {
+        QStringList l = QDir(carpeta() + "/mail").entryList(QDir::Files, QDir::Name);
+        l.removeAll("provisio.tx1");
+        return l;
+    }
+    static QByteArray leer(const QString &ruta)
+    {
+        QFile f(ruta);
+        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<none>");
     }
 };
 

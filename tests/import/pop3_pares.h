@@ -1,25 +1,16 @@
 #pragma once
-// The POP3 servers of the mail tests: a scripted peer of the tests' own,
-// which can refuse in any state, cut a reply into packets, fall silent or
-// hang up; and a real Dovecot started on a loopback port from a
-// configuration of its own, with a maildir that the test fills.
-#include <QDir>
-#include <QFile>
+// The scripted POP3 peer of the mail tests, which can refuse in any state,
+// cut a reply into packets, fall silent or hang up (Dovecot, the real
+// server, is in dovecot_pop3.h).
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTimer>
 #include <functional>
 
-#include "import/dovecot_pop3.h"
 #include "support/esperar.h"
 
 namespace tesorel::testing::correo
 {
-
-inline void aplicacion()
-{
-    aplicacionDePrueba();
-}
 
 // A message as the server sends it for RETR: dot-stuffed, CR LF lines.
 inline QByteArray enLinea(QByteArray mensaje)
@@ -49,11 +40,10 @@ class PeerPop3
 
     explicit PeerPop3(QList<QByteArray> buzon = {}) : buzon(std::move(buzon))
     {
-        aplicacion();
+        aplicacionDePrueba();
         servidor_.listen(QHostAddress::LocalHost, 0);
         QObject::connect(&servidor_, &QTcpServer::newConnection, [this] {
             while (QTcpSocket *c = servidor_.nextPendingConnection()) {
-                cliente_ = c;
                 QObject::connect(c, &QTcpSocket::readyRead, c, [this, c] { leer(c); });
                 enviar(c, {{saludo}, false});
             }
@@ -120,45 +110,36 @@ class PeerPop3
     }
 
     QTcpServer servidor_;
-    QTcpSocket *cliente_ = nullptr;
     QByteArray pendiente_;
 };
 
 // A message of the own mailing with a day file attached as plain text.
 inline QByteArray mensajeConAdjunto(const QByteArray &remitente, const QByteArray &nombre,
-                                    const QByteArray &contenido, const QByteArray &id = "<1@tesorel>")
+                                    const QByteArray &contenido)
 {
-    return "Return-Path: <cotizaciones@tesorel.example>\r\n"
-           "From: " +
-           remitente +
-           "\r\n"
-           "To: demo@localhost\r\n"
-           "Subject: Cotizaciones " +
-           nombre +
-           "\r\n"
-           "Message-ID: " +
-           id +
-           "\r\n"
-           "MIME-Version: 1.0\r\n"
-           "Content-Type: multipart/mixed; boundary=\"XX\"\r\n"
-           "\r\n"
-           "--XX\r\n"
-           "Content-Type: text/plain\r\n"
-           "\r\n"
-           "Fichero adjunto.\r\n"
-           "\r\n"
-           "--XX\r\n"
-           "Content-Type: text/plain;\r\n"
-           "\tname=\"" +
-           nombre +
-           "\"\r\n"
-           "Content-Transfer-Encoding: 7bit\r\n"
-           "Content-Disposition: attachment;\r\n"
-           "\tfilename=\"" +
-           nombre +
-           "\"\r\n"
-           "\r\n" +
-           contenido + "\r\n\r\n--XX--\r\n";
+    return QByteArray("From: %F\r\n"
+                      "Subject: Cotizaciones %N\r\n"
+                      "MIME-Version: 1.0\r\n"
+                      "Content-Type: multipart/mixed; boundary=\"XX\"\r\n"
+                      "\r\n"
+                      "--XX\r\n"
+                      "Content-Type: text/plain\r\n"
+                      "\r\n"
+                      "Fichero adjunto.\r\n"
+                      "\r\n"
+                      "--XX\r\n"
+                      "Content-Type: text/plain;\r\n"
+                      "\tname=\"%N\"\r\n"
+                      "Content-Transfer-Encoding: 7bit\r\n"
+                      "Content-Disposition: attachment;\r\n"
+                      "\tfilename=\"%N\"\r\n"
+                      "\r\n"
+                      "%C\r\n"
+                      "\r\n"
+                      "--XX--\r\n")
+        .replace("%F", remitente)
+        .replace("%N", nombre)
+        .replace("%C", contenido);
 }
 
 } // namespace tesorel::testing::correo

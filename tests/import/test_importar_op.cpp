@@ -41,7 +41,6 @@ class ImportarOpPrueba : public ImportFixture
         empresa(1, "TELEFONICA SA", "TELEFONICA", "TEF");
         Abrir_Empresas(s);
         Query(db(), "insert into operadores (codigo, NOMBRE) values (3, 'BANCO')").exec();
-        s.alRegistrarError = [this](const RuntimeError &e) { errores << e.number(); };
         v.Form_Load();
         v.Text1 = dir.path();
         v.esperar = [this] {
@@ -60,23 +59,11 @@ class ImportarOpPrueba : public ImportFixture
         ASSERT_TRUE(f.open(QIODevice::WriteOnly));
         f.write(bytes);
     }
-    QByteArray leer(const QString &nombre)
-    {
-        QFile f(dir.filePath(nombre));
-        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-    }
-    QStringList mensajes() const
-    {
-        QStringList l;
-        for (const auto &m : ui.messages)
-            l << m.prompt;
-        return l;
-    }
+    QByteArray leido(const QString &nombre) { return leer(dir.filePath(nombre)); }
     QTemporaryDir dir;
     ImportarOp v;
     std::function<void()> enEspera;
     int esperas = 0;
-    QList<int> errores;
 };
 
 TEST_F(ImportarOpPrueba, TxtConCodigoCalculaPrecioYApunta)
@@ -96,7 +83,7 @@ TEST_F(ImportarOpPrueba, TxtConCodigoCalculaPrecioYApunta)
     EXPECT_EQ(numero("select Cantidad from cartera where VALOR = 1"), 100);
     EXPECT_EQ(texto("select Operacion from historico"), "01/02/2024: Compra 100 TELEFONICA x 1005");
     EXPECT_EQ(numero("select Entidad from historico"), 3);
-    EXPECT_FALSE(leer("a.TXT").endsWith("codigoTX TELEFONICA\r\n\r\ncodigoTX TELEFONICA\r\n"));
+    EXPECT_FALSE(leido("a.TXT").endsWith("codigoTX TELEFONICA\r\n\r\ncodigoTX TELEFONICA\r\n"));
     EXPECT_EQ(v.Valor, "Importación finalizada");
     EXPECT_TRUE(v.Text2.startsWith("Iniciando Importación de "));
     EXPECT_TRUE(mensajes().isEmpty()) << mensajes().join('|').toStdString();
@@ -119,7 +106,7 @@ TEST_F(ImportarOpPrueba, CodigoElegidoSeGuardaAunSinImportar)
               QStringList({"Debe seleccionar un valor o desmarcar la opción de importar los datos"}));
     EXPECT_EQ(vez, 2);
     EXPECT_EQ(numero("select count(*) from historico"), 0);
-    EXPECT_TRUE(leer("b.TXT").endsWith("1005\r\n\r\ncodigoTX TELEFONICA\r\n"));
+    EXPECT_TRUE(leido("b.TXT").endsWith("1005\r\n\r\ncodigoTX TELEFONICA\r\n"));
 }
 
 TEST_F(ImportarOpPrueba, VueltaAtrasSinCanjeYVentaRechazadaSigue)
@@ -158,7 +145,7 @@ TEST_F(ImportarOpPrueba, SclCeldaEditadaCabeceraFinalYLineasMalas)
     EXPECT_EQ(mensajes(), QStringList({"Linea error : una dos tres", "FICHERO NO VALIDO : f.SCL"}));
     EXPECT_EQ(errores, QList<int>({62}));
     EXPECT_EQ(numero("select Cantidad from cartera where VALOR = 1"), 100);
-    EXPECT_EQ(leer("g.SCL"), "x\r\n" + kScl); // ended at its header: no wait, no code line
+    EXPECT_EQ(leido("g.SCL"), "x\r\n" + kScl); // ended at its header: no wait, no code line
 }
 
 } // namespace

@@ -12,28 +12,20 @@ using namespace tesorel;
 TEST(WebCierres, ReadsTheLinesOfTheDayAndStopsAtTheFirstThatIsNot)
 {
     const QDate dia(2024, 3, 5);
+    const QByteArray san = "SAN,20240305,1,2,1,1.5,9", tef = "TEF,20240305,1,2,1,1.5,9";
     struct Caso {
         const char *nombre;
         QByteArray bytes;
         QStringList tickers;
         bool completa;
     } casos[] = {
-        {"CR LF, last line without its end",
-         "SAN,20240305,1,2,1,1.5,9\r\n TEF ,20240305,1,2,1,1.5,9",
-         {"SAN", "TEF"},
-         true},
-        {"CR alone ends a line",
-         "SAN,20240305,1,2,1,1.5,9\rTEF,20240305,1,2,1,1.5,9\r",
-         {"SAN", "TEF"},
-         true},
-        {"a lone LF does not", "SAN,20240305,1,2,1,1.5,9\nTEF,20240305,1,2,1,1.5,9\n", {}, false},
-        {"five commas stop it",
-         "SAN,20240305,1,2,1,1.5,9\r\nTEF,20240305,1,2,1,1.5\r\nBBVA,20240305,1,2,1,1.5,9\r\n",
-         {"SAN"},
-         false},
+        {"CR LF, last line without its end", san + "\r\n TEF ,20240305,1,2,1,1.5,9", {"SAN", "TEF"}, true},
+        {"CR alone ends a line", san + "\r" + tef + "\r", {"SAN", "TEF"}, true},
+        {"a lone LF does not", san + "\n" + tef + "\n", {}, false},
+        {"five commas stop it", san + "\r\nTEF,20240305,1,2,1,1.5\r\n" + san + "\r\n", {"SAN"}, false},
         {"another day stops it", "SAN,20240304,1,2,1,1.5,9\r\n", {}, false},
         {"a page", "<html>\r\n<body>404</body>\r\n", {}, false},
-        {"an empty line at the end", "SAN,20240305,1,2,1,1.5,9\r\n\r\n", {"SAN"}, false},
+        {"an empty line at the end", san + "\r\n\r\n", {"SAN"}, false},
         {"nothing at all", "", {}, true},
     };
     for (const Caso &c : casos) {

@@ -45,7 +45,6 @@ struct WebImport : ::testing::Test {
 
     void SetUp() override
     {
-        aplicacionQt();
         p.base.db->executeNative(
             "insert into Codigo_Empresas (Codigo, NOMBRE, ABREVIATURA3, ABREVIATURA11) values "
             "(1, 'BANCO SANTANDER', 'SAN', 'SANTANDER'), (2, 'TELEFONICA', 'TEF', 'TELEFONICA');"
@@ -120,39 +119,23 @@ TEST_F(WebImport, FaultsOfTheSourcesEndInFalloOrInTheNextSource)
 {
     const QDate d(2024, 3, 5);
     const QByteArray bueno = cierres(d, {"SAN,4,4.3,4,4.2,1000", "TEF,3.9,3.9,3.7,3.8,500"});
+    using R = ServidorWeb::Respuesta;
+    const R bien{bueno}, nada{}, pagina{"<html><body>No existe</body></html>\r\n", {}, "text/html"};
+    const R otroDia{cierres(d.addDays(-7), {"SAN,4,4.3,4,4.2,1000"})},
+        cortado{bueno, ServidorWeb::Modo::Corte};
+    const R malo{bueno + "TEF,3.9,3.7,3.8,500\r\nSAN,4,4.3,4,4.2,1000\r\n"};
     struct Caso {
         const char *nombre;
-        std::array<ServidorWeb::Respuesta, 3> respuestas;
-        bool cerrado1;
-        bool cargado;
+        std::array<R, 3> respuestas;
+        bool cerrado1, cargado;
         int fuente, filas;
     } casos[] = {
-        {"page instead of file",
-         {{{"<html><body>No existe</body></html>\r\n", {}, "text/html"}, {bueno}, {}}},
-         false,
-         false,
-         1,
-         0},
-        {"file of another day",
-         {{{cierres(d.addDays(-7), {"SAN,4,4.3,4,4.2,1000"})}, {}, {}}},
-         false,
-         false,
-         1,
-         0},
-        {"bad line after good ones",
-         {{{bueno + "TEF,3.9,3.7,3.8,500\r\nSAN,4,4.3,4,4.2,1000\r\n"}, {}, {}}},
-         false,
-         false,
-         1,
-         2},
-        {"refused port, then source 2", {{{}, {bueno}, {}}}, true, true, 2, 2},
-        {"cut mid-file, then source 3",
-         {{{bueno, ServidorWeb::Modo::Corte}, {}, {bueno}}},
-         false,
-         true,
-         3,
-         2},
-        {"nothing anywhere", {{{}, {}, {}}}, false, false, 0, 0},
+        {"page instead of file", {pagina, bien, nada}, false, false, 1, 0},
+        {"file of another day", {otroDia, nada, nada}, false, false, 1, 0},
+        {"bad line after good ones", {malo, nada, nada}, false, false, 1, 2},
+        {"refused port, then source 2", {nada, bien, nada}, true, true, 2, 2},
+        {"cut mid-file, then source 3", {cortado, nada, bien}, false, true, 3, 2},
+        {"nothing anywhere", {nada, nada, nada}, false, false, 0, 0},
     };
     for (const Caso &c : casos) {
         SCOPED_TRACE(c.nombre);

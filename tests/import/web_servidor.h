@@ -2,23 +2,14 @@
 // A loopback HTTP server of the tests' own, serving each path as told:
 // a file, a page, silence (the connection is taken and never answered)
 // or a file cut in the middle. Anything else is a 404.
-#include <QCoreApplication>
 #include <QHash>
 #include <QTcpServer>
 #include <QTcpSocket>
-#include <memory>
+
+#include "support/esperar.h"
 
 namespace tesorel::testing
 {
-
-inline void aplicacionQt()
-{
-    static int argc = 1;
-    static char nombre[] = "test";
-    static char *argv[] = {nombre, nullptr};
-    if (!QCoreApplication::instance())
-        new QCoreApplication(argc, argv); // lives as long as the process
-}
 
 class ServidorWeb
 {
@@ -32,7 +23,7 @@ class ServidorWeb
 
     ServidorWeb()
     {
-        aplicacionQt();
+        aplicacionDePrueba();
         servidor_.listen(QHostAddress::LocalHost, 0);
         QObject::connect(&servidor_, &QTcpServer::newConnection, [this] {
             while (QTcpSocket *c = servidor_.nextPendingConnection())
@@ -42,14 +33,7 @@ class ServidorWeb
     QString base() const { return QStringLiteral("http://127.0.0.1:%1").arg(servidor_.serverPort()); }
 
     // A base address where nothing listens.
-    static QString puertoCerrado()
-    {
-        QTcpServer sonda;
-        sonda.listen(QHostAddress::LocalHost, 0);
-        const quint16 puerto = sonda.serverPort();
-        sonda.close();
-        return QStringLiteral("http://127.0.0.1:%1").arg(puerto);
-    }
+    static QString puertoCerrado() { return QStringLiteral("http://127.0.0.1:%1").arg(puertoLibre()); }
 
     QHash<QByteArray, Respuesta> rutas; // by the path as sent
     QList<QByteArray> pedidos;          // every path asked for, in order
