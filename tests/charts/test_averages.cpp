@@ -1,6 +1,6 @@
 #include "charts/maximos.h"
 #include "charts/mmedia.h"
-#include "core/runtime_error.h"
+#include "errores.h"
 
 #include <gtest/gtest.h>
 #include <vector>
@@ -9,6 +9,8 @@ namespace tesorel
 {
 namespace
 {
+
+using testing::errorOf;
 
 struct Series {
     const char *name;
@@ -92,13 +94,8 @@ TEST(MMedia, Failures)
             double period = c.period;
             EXPECT_NO_THROW(m.Siguiente(c.value, 0, period, c.kind)) << c.name;
         }
-        try {
-            double period = c.period;
-            m.Siguiente(c.value, 0, period, c.kind);
-            ADD_FAILURE() << c.name << " did not fail";
-        } catch (const RuntimeError &e) {
-            EXPECT_EQ(e.number(), c.number) << c.name;
-        }
+        double period = c.period;
+        EXPECT_EQ(errorOf([&] { m.Siguiente(c.value, 0, period, c.kind); }), c.number) << c.name;
     }
     EXPECT_DOUBLE_EQ(MMedia::sum(4), 10);
 }
@@ -176,12 +173,7 @@ TEST(Maximos, RingFailures)
                  {Op::Min, 201, err::SubscriptOutOfRange}};
     for (const Case &c : cases) {
         Maximos m;
-        try {
-            feed(m, c.op, 1, c.period);
-            ADD_FAILURE() << "period " << c.period << " did not fail";
-        } catch (const RuntimeError &e) {
-            EXPECT_EQ(e.number(), c.number);
-        }
+        EXPECT_EQ(errorOf([&] { feed(m, c.op, 1, c.period); }), c.number) << c.period;
     }
 }
 

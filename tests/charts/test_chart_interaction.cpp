@@ -88,20 +88,6 @@ TEST(ChartInteraction, TabsDispatch)
     EXPECT_FALSE(f.ops.CompraVenVisible);
 }
 
-TEST(ChartInteraction, DeletingTheLastDay)
-{
-    ChartFixture f;
-    f.serie(7, 3);
-    f.g.DibujarGrafica();
-    f.ui.answers = {mb::Yes};
-    f.inter.Image1_DragDrop(QStringLiteral("Fecha_Fin"));
-    ASSERT_EQ(f.ui.messages.size(), 1u);
-    EXPECT_EQ(f.ui.messages[0].prompt, QStringLiteral("¿ Deseas borrar cotizaciones del día 03/01/2024 ?"));
-    EXPECT_EQ(f.ui.messages[0].title, QStringLiteral("Atención"));
-    f.g.DibujarGrafica();
-    EXPECT_EQ(f.g.etiquetas.Fecha_Fin.texto, QStringLiteral("02/01/2024"));
-}
-
 TEST(ChartInteraction, TikerExport)
 {
     ChartFixture f;

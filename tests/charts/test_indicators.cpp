@@ -1,6 +1,6 @@
 #include "charts/grafica.h"
 #include "charts/indicators.h"
-#include "core/runtime_error.h"
+#include "errores.h"
 
 #include <gtest/gtest.h>
 
@@ -11,6 +11,8 @@ namespace tesorel
 {
 namespace
 {
+
+using testing::errorOf;
 
 TEST(Indicators, Macd)
 {
@@ -56,12 +58,8 @@ TEST(Indicators, MacdWhoseSignalFailsKeepsItsLine)
     grafica g;
     IndicatorState st;
     grafica_macd(g, st, 1e308, 0, 0, 1, 100);
-    try {
-        grafica_macd(g, st, -1e308, 0, 0, 2, 100); // (-1e308 - 1e308) * 0.25 overflows
-        ADD_FAILURE();
-    } catch (const RuntimeError &e) {
-        EXPECT_EQ(e.number(), err::Overflow);
-    }
+    // (-1e308 - 1e308) * 0.25 overflows.
+    EXPECT_EQ(errorOf([&] { grafica_macd(g, st, -1e308, 0, 0, 2, 100); }), err::Overflow);
     EXPECT_EQ(g.valor(1, 2), -1e308);
     EXPECT_EQ(g.valor(2, 2), 0); // never written
 }
@@ -124,12 +122,7 @@ TEST(Indicators, MomentumHistoryMovesOnlyTheFirstPlaces)
         ++p;
     }
     EXPECT_EQ(g.NumSets(), 1);
-    try {
-        grafica_momentum(g, 1, 41, 1, h);
-        ADD_FAILURE();
-    } catch (const RuntimeError &e) {
-        EXPECT_EQ(e.number(), err::SubscriptOutOfRange);
-    }
+    EXPECT_EQ(errorOf([&] { grafica_momentum(g, 1, 41, 1, h); }), err::SubscriptOutOfRange);
 }
 
 TEST(Indicators, StochasticRatioOfSumsAndRingsThatNeverReset)

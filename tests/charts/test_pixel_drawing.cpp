@@ -3,8 +3,8 @@
 // shape: equal for lines along an axis and for boxes, within a pixel for
 // slanted lines.
 #include "charts/painter_surface.h"
-#include "gui_app.h"
 
+#include <QGuiApplication>
 #include <QPainter>
 #include <gtest/gtest.h>
 
@@ -16,7 +16,18 @@ namespace tesorel
 namespace
 {
 
-using testing::guiApp;
+// Texts need fonts, and fonts the one application object of the program.
+struct PixelDrawing : ::testing::Test {
+    static void SetUpTestSuite()
+    {
+        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+        static int argc = 1;
+        static char name[] = "test_charts";
+        static char *argv[] = {name, nullptr};
+        static QGuiApplication app(argc, argv);
+    }
+};
 
 constexpr int kW = 40, kH = 30;
 constexpr int kColour = 0x2288EE; // blue-green-red: red EE, green 88, blue 22
@@ -100,9 +111,8 @@ bool within(const std::vector<QPoint> &a, const std::vector<QPoint> &b, int dist
     return true;
 }
 
-TEST(PixelDrawing, MatchesQPainter)
+TEST_F(PixelDrawing, MatchesQPainter)
 {
-    guiApp();
     const Case cases[] = {
         {"horizontal", Shape::Line, 3.0, 5.0, 30.0, 5.0, 1, true},
         {"horizontal between pixels", Shape::Line, 2.6, 7.6, 20.4, 7.6, 1, true},
@@ -143,9 +153,8 @@ TEST(PixelDrawing, MatchesQPainter)
 // Bars overlap: each is a fill and an outline in other colours, some
 // wider, some taller, some off the image. Boxes wait and trim one another;
 // the picture must still be the one of painting them in turn.
-TEST(PixelDrawing, OverlappingBarsAsPaintedInTurn)
+TEST_F(PixelDrawing, OverlappingBarsAsPaintedInTurn)
 {
-    guiApp();
     QImage want(kW, kH, QImage::Format_RGB32);
     want.fill(Qt::white);
     PainterSurface s(kW, kH);
@@ -179,9 +188,8 @@ TEST(PixelDrawing, OverlappingBarsAsPaintedInTurn)
 // Lines, boxes and texts anywhere, through any scale, never touch memory
 // outside the image (the sanitizers watch) and leave only the drawing's
 // colours on it.
-TEST(PixelDrawing, WildCoordinatesStayInTheImage)
+TEST_F(PixelDrawing, WildCoordinatesStayInTheImage)
 {
-    guiApp();
     const float wild[] = {0.f,   0.5f, -0.5f, 7.3f,  -1.f, 39.5f, 40.f,
                           29.5f, 30.f, 1e4f,  -1e4f, 1e9f, -1e9f, 3e38f};
     constexpr int kCount = sizeof(wild) / sizeof(wild[0]);
@@ -224,11 +232,10 @@ TEST(PixelDrawing, WildCoordinatesStayInTheImage)
     EXPECT_TRUE(drawn);
 }
 
-// Texts wait for the end of the drawing; a line drawn after a text over
-// the same place must still come out on top.
-TEST(PixelDrawing, LaterLinesStayOverEarlierText)
+// Texts wait for the end of the drawing: a line drawn after a text over the
+// same place still comes out on top, and a clear wipes the texts not painted.
+TEST_F(PixelDrawing, WaitingTextGoesUnderLaterLinesAndAClearDropsIt)
 {
-    guiApp();
     PainterSurface s(120, 40);
     s.setForeColor(0);
     s.setCurrentX(2);
@@ -243,15 +250,7 @@ TEST(PixelDrawing, LaterLinesStayOverEarlierText)
     EXPECT_TRUE(text);
     for (int x = 0; x < 119; ++x)
         EXPECT_EQ(img.pixel(x, 9), PainterSurface::toQColor(kColour).rgb()) << x;
-}
 
-// A clear wipes texts not yet painted.
-TEST(PixelDrawing, ClearDropsWaitingText)
-{
-    guiApp();
-    PainterSurface s(120, 40);
-    s.setCurrentX(2);
-    s.setCurrentY(2);
     s.print(QStringLiteral("WWWW"));
     s.setBackColor(0x00FF00);
     s.clear();
@@ -262,9 +261,8 @@ TEST(PixelDrawing, ClearDropsWaitingText)
 
 // The user scale covers the whole image, whatever its origin and direction;
 // texts are measured in the same units.
-TEST(PixelDrawing, ScaleAndTextMetrics)
+TEST_F(PixelDrawing, ScaleAndTextMetrics)
 {
-    guiApp();
     PainterSurface box(100, 50);
     box.setScaleLeft(-50);
     box.setScaleWidth(100);

@@ -85,58 +85,42 @@ TEST(PriceChart, EmptyValueShowsTheZeroDateAndKeepsTheHead)
     EXPECT_EQ(f.g.puntosEscritos(), 0);
 }
 
-TEST(PriceChart, ZeroCloseIsSkippedAndDoesNotBecomeThePreviousClose)
+// Days of Anterior and Ultimo from 2024-01-01. A zero close is skipped and is no previous close: 10
+// against 20 is a split of 2, doubled in the walk and halved back. The portfolio keeps its zeros.
+TEST(PriceChart, ZeroClosesSplitsAndThePortfolioSeries)
 {
-    ChartFixture f;
-    f.insertar(7, Fila{QDate(2024, 1, 1), 0, 20});
-    f.insertar(7, Fila{QDate(2024, 1, 2), 20, 0});
-    f.insertar(7, Fila{QDate(2024, 1, 3), 10, 10.5});
-    f.g.controles.Splita = 1;
-    f.g.DibujarGrafica();
-    EXPECT_EQ(f.g.GraficaPrecio.NumPoints(), 2);
-    EXPECT_EQ(f.g.puntosEscritos(), 2);
-    // 10 against 20, not against the empty day: a split of 2.
-    EXPECT_EQ(f.g.GraficaPrecio.Split(), 2);
-    EXPECT_EQ(f.g.etiquetas.Noticias, QStringLiteral("miércoles, 3 de enero de 2024 : Split x  2\r\n"));
-    // Doubled during the walk, halved by the cancelling: the last day is true.
-    EXPECT_DOUBLE_EQ(f.g.GraficaPrecio.valor(1, 1), 10);
-    EXPECT_DOUBLE_EQ(f.g.GraficaPrecio.valor(1, 2), 10.5);
-}
-
-TEST(PriceChart, TwoSplitsMultiply)
-{
-    ChartFixture f;
-    f.insertar(7, Fila{QDate(2024, 1, 1), 0, 20});
-    f.insertar(7, Fila{QDate(2024, 1, 2), 10, 12});
-    f.insertar(7, Fila{QDate(2024, 1, 3), 4, 4});
-    f.g.controles.Splita = 1;
-    f.g.DibujarGrafica();
-    EXPECT_EQ(f.g.GraficaPrecio.Split(), 6);
-    EXPECT_EQ(f.g.etiquetas.Noticias.count(QStringLiteral("\r\n")), 2);
-    EXPECT_DOUBLE_EQ(f.g.GraficaPrecio.valor(1, 3), 4);
-    EXPECT_DOUBLE_EQ(f.g.GraficaPrecio.valor(1, 1), 20.0 / 6);
-    // Unticked, the same series is drawn as stored.
-    f.g.controles.Splita = 0;
-    f.g.DibujarGrafica();
-    EXPECT_EQ(f.g.GraficaPrecio.Split(), 1);
-    EXPECT_TRUE(f.g.etiquetas.Noticias.isEmpty());
-    EXPECT_DOUBLE_EQ(f.g.GraficaPrecio.valor(1, 1), 20);
-}
-
-TEST(PriceChart, PortfolioSeriesKeepsZeroClosesAfterItsFirst)
-{
-    ChartFixture f;
-    const double cartera = 34001;
-    f.insertar(cartera, Fila{QDate(2024, 1, 1), 0, 100});
-    f.insertar(cartera, Fila{QDate(2024, 1, 2), 100, 0});
-    f.insertar(cartera, Fila{QDate(2024, 1, 3), 0, 0});
-    f.insertar(cartera, Fila{QDate(2024, 1, 4), 0, 110});
-    f.g.controles.Text1 = QStringLiteral("Cartera");
-    f.g.DibujarGrafica();
-    EXPECT_EQ(f.g.Codigo_Valor, cartera);
-    EXPECT_EQ(f.g.GraficaPrecio.NumPoints(), 3);
-    EXPECT_EQ(f.g.GraficaPrecio.valor(1, 2), 0);
-    EXPECT_EQ(f.g.GraficaPrecio.valor(1, 3), 110);
+    const QString dia2 = QStringLiteral("martes, 2 de enero de 2024 : Split x  2\r\n"),
+                  dia3 = QStringLiteral("miércoles, 3 de enero de 2024 : Split x  ");
+    struct Caso {
+        const char *nombre;
+        double valor;
+        std::vector<std::pair<double, double>> dias;
+        int splita, puntos;
+        double split;
+        QString noticias;
+        std::vector<double> cierres; // from point 1
+    } casos[] = {
+        {"zero close", 7, {{0, 20}, {20, 0}, {10, 10.5}}, 1, 2, 2, dia3 + "2\r\n", {10, 10.5}},
+        {"two splits", 7, {{0, 20}, {10, 12}, {4, 4}}, 1, 3, 6, dia2 + dia3 + "3\r\n", {20.0 / 6, 4, 4}},
+        {"unticked", 7, {{0, 20}, {10, 12}, {4, 4}}, 0, 3, 1, "", {20, 12, 4}},
+        {"portfolio", 34001, {{0, 100}, {100, 0}, {0, 0}, {0, 110}}, 0, 3, 1, "", {100, 0, 110}},
+    };
+    for (const Caso &c : casos) {
+        SCOPED_TRACE(c.nombre);
+        ChartFixture f;
+        for (std::size_t d = 0; d < c.dias.size(); ++d)
+            f.insertar(c.valor,
+                       Fila{QDate(2024, 1, 1).addDays(qint64(d)), c.dias[d].first, c.dias[d].second});
+        f.g.controles.Text1 = c.valor == 7 ? QStringLiteral("ACME") : QStringLiteral("Cartera");
+        f.g.controles.Splita = c.splita;
+        f.g.DibujarGrafica();
+        EXPECT_EQ(f.g.Codigo_Valor, c.valor);
+        EXPECT_EQ(f.g.GraficaPrecio.NumPoints(), c.puntos);
+        EXPECT_EQ(f.g.GraficaPrecio.Split(), c.split);
+        EXPECT_EQ(f.g.etiquetas.Noticias, c.noticias);
+        for (std::size_t p = 0; p < c.cierres.size(); ++p)
+            EXPECT_DOUBLE_EQ(f.g.GraficaPrecio.valor(1, double(p + 1)), c.cierres[p]) << p + 1;
+    }
 }
 
 TEST(PriceChart, UntickedSeriesAreWrittenAsZero)
@@ -204,21 +188,6 @@ TEST(PriceChart, FailureLeavesTheGuardSet)
     EXPECT_TRUE(f.g.dibujando());
     f.g.DibujarGrafica(); // returns at once
     EXPECT_EQ(finales, 0);
-}
-
-TEST(PriceChart, CandleNeedsFourSeries)
-{
-    ChartFixture f;
-    f.serie(7, 3);
-    f.g.controles.Check2[1] = 0;
-    f.g.controles.Candle = 1;
-    f.g.Candle_Click();
-    EXPECT_EQ(f.g.controles.Check2[1], 1);
-    EXPECT_EQ(f.g.GraficaPrecio.graphtype(), 7);
-    f.g.controles.Check2[6] = 0;
-    f.g.Check2_Click(6);
-    EXPECT_EQ(f.g.controles.Candle, 0);
-    EXPECT_EQ(f.g.GraficaPrecio.graphtype(), 6);
 }
 
 TEST(PriceChart, IndicatorChosenByTab)
