@@ -38,8 +38,6 @@ TEST(ChartCommand, PngAndCsvOfAWindow)
     ASSERT_EQ(first.size(), 15);
     EXPECT_EQ(first[0], QStringLiteral("1"));
     EXPECT_TRUE(QDate::fromString(first[1], Qt::ISODate).isValid());
-    EXPECT_EQ(first[11], QStringLiteral("0")); // momentum starts at 0
-    EXPECT_EQ(first[6], QStringLiteral("0"));  // set 5 is never written
 }
 
 TEST(ChartCommand, SplitNoteOfTheWholeSeries)

@@ -66,11 +66,9 @@ TEST(LedgerCommand, ReportAndTaxExportOfTheListedRows)
         texto.contains("<TD ALIGN = \"RIGHT\" VALIGN=\"TOP\"><P>compr\xe9&nbsp;&nbsp; </P></TD>\r\n"));
     EXPECT_TRUE(texto.endsWith("</TR>\r\n</BODY></HTML>\r\n"));
 
+    // What the export writes is the ledger model's (LedgerFixture.TaxExport*): here both runs reach it.
     auto txe = Database::open(c.dir.filePath("AEAT/txe2005/Carteras2005.mdb"));
-    EXPECT_EQ(scalar(*txe, "select count(*) from Titulares where NOMBRE = 'ANA [TXE]'").toInt(), 2);
     EXPECT_EQ(scalar(*txe, "select count(*) from operaciones").toInt(), 4);
-    // "652,30" by the point rule is 652: whole cents of a truncated amount.
-    EXPECT_EQ(scalar(*txe, "select min(importee) from operaciones").toDouble(), 65200);
 
     // No export folder: the error is reported, the closing message still shows.
     ASSERT_EQ(ledger({c.base, "--user", "1", "--txe", c.dir.filePath("nada"), "--titular", "X"}, &out), 0);

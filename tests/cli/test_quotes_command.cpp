@@ -7,98 +7,54 @@ namespace tesorel::testing
 namespace
 {
 
-// The quotes command on a copy of the sample base: its lines split in fields.
-struct Salida {
-    int codigo = -1;
-    QList<QStringList> filas;
-    QHash<QString, int> cuentas;
-};
-
-Salida quotes(const QStringList &opciones)
+// What each set, day and order holds is the quotes model's (tests/market): here each option reaches
+// it, the rows come out with their nine cells and the three counts close the output.
+TEST(QuotesCommand, OptionsRowsAndCounts)
 {
-    const CopiaDeMuestra copia;
-    const SalidaCli o = correrCli(QStringList{"quotes", copia.base} + opciones);
-    Salida out;
-    out.codigo = o.codigo;
-    for (const QString &linea : o.lineas()) {
-        const QStringList campos = linea.split('\t');
-        if (campos.size() == 2)
-            out.cuentas.insert(campos[0], campos[1].toInt());
-        else
-            out.filas << campos;
-    }
-    return out;
-}
-
-int cuenta(const QString &sql)
-{
-    return scalar(*SampleBase::instance().open(), sql).toInt();
-}
-
-QString ultimoDia()
-{
-    return scalar(*SampleBase::instance().open(), "select max(fecha) from bolsa")
-        .toDate()
-        .toString(Qt::ISODate);
-}
-
-TEST(QuotesCommand, DayOfTheWholeMarketSortedByChange)
-{
-    const QString dia = ultimoDia();
-    const QString donde = "from bolsa where valor < 34000 and fecha = '" + dia + "' and dif ";
-    for (const bool asc : {false, true}) {
-        const Salida s = quotes(asc ? QStringList{"--user", "1", "--sort", "dif", "--asc"}
-                                    : QStringList{"--user", "1", "--sort", "dif"});
-        ASSERT_EQ(s.codigo, 0);
-        EXPECT_EQ(s.cuentas.value("suben"), cuenta("select count(*) " + donde + "> 0"));
-        EXPECT_EQ(s.cuentas.value("bajan"), cuenta("select count(*) " + donde + "< 0"));
-        EXPECT_EQ(s.cuentas.value("repiten"), cuenta("select count(*) " + donde + "= 0"));
-        ASSERT_EQ(s.filas.size(),
-                  cuenta("select count(*) from bolsa where valor < 34000 and fecha = '" + dia + "'"));
-        // The marks come in the order of the change: rises, levels, falls (or the reverse).
-        QString marcas;
-        for (const QStringList &f : s.filas) {
-            ASSERT_EQ(f.size(), 9);
-            marcas += f[0];
-        }
-        QString ordenadas = marcas;
-        std::sort(ordenadas.begin(), ordenadas.end(), [asc](QChar x, QChar y) {
-            const QString orden = asc ? "605" : "506";
-            return orden.indexOf(x) < orden.indexOf(y);
-        });
-        EXPECT_EQ(marcas, ordenadas);
-    }
-}
-
-TEST(QuotesCommand, SetsDaysAndIntervals)
-{
-    const struct {
+    struct Caso {
         QStringList opciones;
-        QString cuentaEsperada; // statement for the number of rows drawn
-    } casos[] = {
-        {{"--set", "valor", "--value", "TELEFONICA"},
-         "select min(200, count(*)) from bolsa b join codigo_empresas c on c.codigo = b.valor "
-         "where c.nombre = 'TELEFONICA'"},
-        {{"--set", "ibex"},
-         "select count(*) from bolsa b join ibex i on i.valor = b.valor "
-         "where b.fecha = (select max(fecha) from bolsa)"},
-        {{"--interval", "2025-01-01", "2025-12-31"},
-         "select count(distinct valor) from bolsa where valor < 34000 and fecha between '2025-01-01' and "
-         "'2025-12-31'"},
-        {{"--date", "2024-01-07"}, "select 0"}, // a Sunday
+        int filas;
+        QString primera, cuentas;
     };
-    for (const auto &k : casos) {
-        const Salida s = quotes(QStringList{"--user", "1"} + k.opciones);
-        ASSERT_EQ(s.codigo, 0) << k.opciones.join(' ').toStdString();
-        EXPECT_EQ(s.filas.size(), cuenta(k.cuentaEsperada)) << k.opciones.join(' ').toStdString();
-        EXPECT_EQ(s.cuentas.size(), 3);
+    const Caso casos[] = {
+        {{"--sort", "dif"},
+         131,
+         "5\tDESA   (DESA)\t10,40\t10,88\t4,62%\t2.168.880\t10,91\t10,42\t23.282",
+         "suben\t55\nbajan\t75\nrepiten\t1"},
+        {{"--sort", "dif", "--asc"},
+         131,
+         "6\tPESCANOVA   (PVA)\t30,09\t28,73\t-4,52%\t19.209\t30,26\t28,70\t562",
+         "suben\t55\nbajan\t75\nrepiten\t1"},
+        {{"--set", "valor", "--value", "TELEFONICA"},
+         200,
+         "6\tTELEFONICA   (20/11/2026)\t8,66\t8,53\t-1,46%\t2.062.773\t8,67\t8,51\t17.678",
+         ""},
+        {{"--set", "ibex"},
+         35,
+         "6\tUNICAJA   (UNI)\t32,20\t32,05\t-0,47%\t442.236\t32,39\t31,76\t14.180",
+         ""},
+        {{"--interval", "2025-01-01", "2025-12-31"},
+         131,
+         "5\tSOS CUETARA   (SOS)\t3,09\t3,23\t4,47%\t22.794.671\t3,78\t2,63\t72.865",
+         ""},
+        {{"--date", "2024-01-07"}, 0, "suben\t0", "suben\t0\nbajan\t0\nrepiten\t0"}, // a Sunday
+    };
+    const CopiaDeMuestra copia;
+    for (const Caso &c : casos) {
+        SCOPED_TRACE(c.opciones.join(' ').toStdString());
+        const SalidaCli o = correrCli(QStringList{"quotes", copia.base, "--user", "1"} + c.opciones);
+        ASSERT_EQ(o.codigo, 0) << o.err.toStdString();
+        const QStringList lineas = o.lineas();
+        ASSERT_EQ(lineas.size(), c.filas + 3);
+        EXPECT_EQ(lineas.first(), c.primera);
+        for (const QString &fila : lineas.mid(0, c.filas))
+            EXPECT_EQ(fila.count('\t'), 8) << fila.toStdString();
+        if (!c.cuentas.isEmpty()) {
+            EXPECT_EQ(lineas.mid(c.filas).join('\n'), c.cuentas);
+        }
     }
-    const Salida valor = quotes({"--user", "1", "--set", "valor", "--value", "TELEFONICA"});
-    ASSERT_FALSE(valor.filas.isEmpty());
-    EXPECT_EQ(valor.filas[0][1],
-              "TELEFONICA   (" + QDate::fromString(ultimoDia(), Qt::ISODate).toString("dd/MM/yyyy") + ")");
-    EXPECT_EQ(quotes({"--user", "1", "--set", "todo"}).codigo, 2);
-    EXPECT_EQ(quotes({"--user", "1", "--interval", "2025-01-01"}).codigo, 2);
+    EXPECT_EQ(correrCli({"quotes", copia.base, "--user", "1", "--set", "todo"}).codigo, 2);
+    EXPECT_EQ(correrCli({"quotes", copia.base, "--user", "1", "--interval", "2025-01-01"}).codigo, 2);
 }
 
 } // namespace

@@ -28,6 +28,8 @@ std::vector<double> columna(QWidget *w, const QString &nombre)
     }
 }
 
+// Sorting, currency and values are the portfolio model's (Valoracion.*): here the radio buttons
+// reach it and the labels show what it made; the dividends button answers with its message.
 TEST_F(CarteraVentana, OpensFromTheMainWindowSortsAndSwitchesCurrency)
 {
     Guion guion;
@@ -39,6 +41,7 @@ TEST_F(CarteraVentana, OpensFromTheMainWindowSortsAndSwitchesCurrency)
         euros = columna(w, "ValorActual");
         hijo<QRadioButton>(w, "pesetas")->click();
         pesetas = columna(w, "ValorActual");
+        hijo<QPushButton>(w, "Command1_4")->click();
         qobject_cast<QDialog *>(w)->reject();
     });
     hijo<QPushButton>(ventana.get(), "bCartera")->click();
@@ -46,23 +49,13 @@ TEST_F(CarteraVentana, OpensFromTheMainWindowSortsAndSwitchesCurrency)
     ASSERT_EQ(beneficios.size(), 5u) << "the demo user's five positions";
     EXPECT_TRUE(std::is_sorted(beneficios.begin(), beneficios.end())) << "worst first";
     ASSERT_EQ(pesetas.size(), euros.size());
-    for (size_t i = 0; i < euros.size(); ++i)
-        EXPECT_NEAR(pesetas[i], euros[i] * 166.386, 1.0) << i;
-}
-
-TEST_F(CarteraVentana, DividendsAreNotYetAvailable)
-{
-    Guion guion;
-    guion.luego("cartera11", [&](QWidget *w) {
-        hijo<QPushButton>(w, "Command1_4")->click();
-        qobject_cast<QDialog *>(w)->reject();
-    });
-    hijo<QPushButton>(ventana.get(), "bCartera")->click();
-    ASSERT_TRUE(guion.terminado());
+    EXPECT_NEAR(pesetas[0], euros[0] * 166.386, 1.0);
     ASSERT_FALSE(ui.messages.empty());
     EXPECT_EQ(ui.messages.back().prompt, "Disponible en breve");
 }
 
+// How the series is built and brought up to date is the model's (Serie.*): here choosing the
+// portfolio in the main window builds it, and its chart is saved for the docs.
 TEST_F(CarteraVentana, ShowingThePortfolioValueBringsItsSeriesUpToDate)
 {
     auto filas = [this] {
@@ -71,17 +64,10 @@ TEST_F(CarteraVentana, ShowingThePortfolioValueBringsItsSeriesUpToDate)
     };
     ASSERT_EQ(filas(), 0);
     ventana->modelo().setText1("CARTERA");
-    const qint64 hechas = filas();
     ventana->resize(1280, 800);
     ventana->findChild<QTabBar *>(QStringLiteral("Pestañas"))->setCurrentIndex(2); // MaCD under the chart
     capturar(ventana.get(), "principal_cartera_macd");
-    EXPECT_GT(hechas, 100);
-    EXPECT_EQ(s->Fechas_Serie[0], QDate(1900, 1, 1))
-        << "no series before: the run starts on the first stored day";
-    ventana->modelo().setText1("CARTERA demo"); // seen to reach the last day: nothing more
-    ventana->modelo().setText1("CARTERA");
-    ventana->modelo().setText1("CARTERA demo");
-    EXPECT_EQ(filas(), hechas + 1) << "the last day once more, then nothing";
+    EXPECT_GT(filas(), 100);
 }
 
 TEST_F(CarteraVentana, BooksAPurchaseThroughItsBuyButton)

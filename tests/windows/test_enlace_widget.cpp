@@ -16,14 +16,6 @@ namespace tesorel::testing
 namespace
 {
 
-void teclear(QWidget *w, const QString &texto)
-{
-    for (QChar c : texto) {
-        QKeyEvent pulsar(QEvent::KeyPress, c.toUpper().unicode(), Qt::NoModifier, QString(c));
-        QApplication::sendEvent(w, &pulsar);
-    }
-}
-
 struct EnlaceWidgetTest : ::testing::Test {
     QWidget ventana;
     EnlaceWidget *combo = nullptr;
@@ -49,7 +41,7 @@ struct EnlaceWidgetTest : ::testing::Test {
 TEST_F(EnlaceWidgetTest, KeysAreThrownAwayUntilTheArrowOpensTheListThenReturnChooses)
 {
     combo->setText("BBVA");
-    teclear(text1, "xy");
+    escribir(text1, "xy");
     EXPECT_EQ(text1->text(), "BBVA");
     EXPECT_FALSE(list1()->isVisible());
 
@@ -58,7 +50,7 @@ TEST_F(EnlaceWidgetTest, KeysAreThrownAwayUntilTheArrowOpensTheListThenReturnCho
     EXPECT_EQ(eventos[1], 1);
     EXPECT_GE(list1()->mapTo(&ventana, QPoint(0, 0)).y(), 10 + 24); // under the control
     combo->setText("");
-    teclear(text1, "re");
+    escribir(text1, "re");
     EXPECT_EQ(text1->text(), "re");
     EXPECT_EQ(list1()->currentRow(), 2);
     tecla(text1, Qt::Key_Down);

@@ -72,8 +72,6 @@ TEST_F(Grafica, ZoomTabsAndMeasuring)
 
     // The indicator tabs choose the indicator that is drawn.
     auto *pestanas = hijo<QTabBar>(ventana.get(), QStringLiteral("Pestañas"));
-    pestanas->setCurrentIndex(3);
-    EXPECT_EQ(ventana->modelo().config.Indicador_Actual, "1");
     pestanas->setCurrentIndex(5);
     EXPECT_EQ(ventana->modelo().config.Indicador_Actual, "3");
 

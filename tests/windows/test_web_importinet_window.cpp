@@ -26,7 +26,6 @@ struct VentanaWeb : ::testing::Test {
             "insert into Codigo_Empresas (Codigo, NOMBRE, ABREVIATURA3) values (1, 'SAN', 'SAN');"
             "insert into bolsa (VALOR, FECHA, ULTIMO) values (1, '2024-03-04', 4.1);");
     }
-    template <class T> T *w(QWidget &v, const char *nombre) { return v.findChild<T *>(nombre); }
 };
 
 TEST_F(VentanaWeb, RunsWhenShownAndShowsItsLists)
@@ -41,19 +40,19 @@ TEST_F(VentanaWeb, RunsWhenShownAndShowsItsLists)
     a.Importar = [&] { ++importar; };
     ImportinetDialog v(p.s, f, a);
     v.show();
-    esperarA([&] { return w<QPushButton>(v, "Command1")->text() == "Aceptar"; });
+    esperarA([&] { return hijo<QPushButton>(&v, "Command1")->text() == "Aceptar"; });
 
-    EXPECT_EQ(w<QLabel>(v, "Label1")->text(), Importinet::TextoFin);
-    EXPECT_EQ(w<QProgressBar>(v, "Shape1")->value(), Importinet::Shape1_Width);
-    EXPECT_EQ(w<QListWidget>(v, "Ok")->item(0)->text(), "05/03/2024");
-    EXPECT_EQ(w<QListWidget>(v, "fallo")->item(0)->text(), "04/03/2024");
-    EXPECT_FALSE(w<QWidget>(v, "Ok")->isVisible());
-    EXPECT_FALSE(w<QWidget>(v, "Manual")->isVisible());
-    w<QPushButton>(v, "Label4")->click();
-    EXPECT_TRUE(w<QWidget>(v, "Ok")->isVisible());
-    w<QPushButton>(v, "Importar")->click();
+    EXPECT_EQ(hijo<QLabel>(&v, "Label1")->text(), Importinet::TextoFin);
+    EXPECT_EQ(hijo<QProgressBar>(&v, "Shape1")->value(), Importinet::Shape1_Width);
+    EXPECT_EQ(hijo<QListWidget>(&v, "Ok")->item(0)->text(), "05/03/2024");
+    EXPECT_EQ(hijo<QListWidget>(&v, "fallo")->item(0)->text(), "04/03/2024");
+    EXPECT_FALSE(hijo<QWidget>(&v, "Ok")->isVisible());
+    EXPECT_FALSE(hijo<QWidget>(&v, "Manual")->isVisible());
+    hijo<QPushButton>(&v, "Label4")->click();
+    EXPECT_TRUE(hijo<QWidget>(&v, "Ok")->isVisible());
+    hijo<QPushButton>(&v, "Importar")->click();
     EXPECT_EQ(importar, 1);
-    w<QPushButton>(v, "Command1")->click();
+    hijo<QPushButton>(&v, "Command1")->click();
     EXPECT_FALSE(v.isVisible());
 }
 
@@ -67,7 +66,7 @@ TEST_F(VentanaWeb, CancelarStopsTheRunAfterTheRequestUnderWay)
     f.bases = {silencioso.base(), ServidorWeb::puertoCerrado(), ServidorWeb::puertoCerrado()};
     f.limiteMs = 1000;
     ImportinetDialog v(p.s, f, {});
-    QTimer::singleShot(300, &v, [&] { w<QPushButton>(v, "Command1")->click(); });
+    QTimer::singleShot(300, &v, [&] { hijo<QPushButton>(&v, "Command1")->click(); });
     v.exec();
     EXPECT_TRUE(v.modelo().fallo.isEmpty());
     EXPECT_EQ(silencioso.pedidos.size(), 1); // the two days after it were never asked for
