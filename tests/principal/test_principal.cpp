@@ -169,33 +169,32 @@ TEST_F(Arranque, DoubleClickOnTituloLogsInAgainWithoutReloadingSettings)
     EXPECT_FALSE(p->Terminado);
 }
 
-TEST_F(Arranque, ClosingSavesSettingsAndDaysOfTheUser)
-{
-    arrancar();
-    p->config.Check2[3] = 1;
-    p->config.Valores = 1;
-    p->DibuGrafi3(QStringLiteral("Estocástico"));
-    s.Maximo_Dias_Sesion = 50;
-    p->Form_QueryUnload();
-    EXPECT_EQ(campo("select * from Usuario where clave = 1", "Configuracion").toString(), "101101310");
-    EXPECT_EQ(campo("select * from Usuario where clave = 1", "Maximo_dias").toDouble(), 50);
-}
-
-TEST_F(Arranque, ExitMenusSaveOrNot)
+TEST_F(Arranque, ClosingAndTheExitMenusSaveTheSettingsOrNot)
 {
     struct Caso {
-        bool salir; // menu_salir, else menu_encierra
+        const char *nombre;
+        void (Principal::*accion)();
+        bool termina;
         QString guardado;
-    } casos[] = {{true, "111103210"}, {false, "101103210"}};
+        int dias;
+    } casos[] = {{"closing the window", &Principal::Form_QueryUnload, false, "111101310", 50},
+                 {"menu_salir", &Principal::menu_salir_Click, true, "111101310", 50},
+                 {"menu_encierra", &Principal::menu_encierra_Click, true, "101103210", 200}};
     for (const Caso &c : casos) {
-        base.db->executeNative("UPDATE Usuario SET Configuracion = '101103210' WHERE clave = 1");
+        SCOPED_TRACE(c.nombre);
+        base.db->executeNative(
+            "UPDATE Usuario SET Configuracion = '101103210', Maximo_dias = 200 WHERE clave = 1");
         ui.ended = false;
         arrancar();
         p->config.Check2[2] = 1;
-        c.salir ? p->menu_salir_Click() : p->menu_encierra_Click();
-        EXPECT_TRUE(ui.ended);
-        p->Form_QueryUnload(); // the window's close path after the end saves nothing more
+        p->config.Valores = 1;
+        p->DibuGrafi3(QStringLiteral("Estocástico"));
+        s.Maximo_Dias_Sesion = 50;
+        (p.get()->*c.accion)();
+        EXPECT_EQ(ui.ended, c.termina);
+        p->Form_QueryUnload(); // after a save or an end nothing more is saved
         EXPECT_EQ(campo("select * from Usuario where clave = 1", "Configuracion").toString(), c.guardado);
+        EXPECT_EQ(campo("select * from Usuario where clave = 1", "Maximo_dias").toInt(), c.dias);
     }
 }
 
