@@ -114,6 +114,8 @@ TEST_F(EnlaceTest, AClickOrReturnInTheListChoosesOnce)
     EXPECT_EQ(eventos.size(), 1u);
 
     e.Flecha_Click();
+    e.setListindex(9); // outside the list: none
+    EXPECT_EQ(e.Listindex(), -1);
     e.setListindex(3);
     eventos.clear();
     e.List1_KeyPress('\r');
@@ -155,14 +157,6 @@ TEST_F(EnlaceTest, TheFocusClearsTheChangeAndLosingItHidesTheList)
     EXPECT_EQ(eventos, std::vector<int>{Enlace::ListaOculta});
     e.LostFocus(); // already hidden: nothing to tell
     EXPECT_EQ(eventos.size(), 1u);
-}
-
-TEST_F(EnlaceTest, AnIndexOutsideTheListIsNone)
-{
-    e.setListindex(9);
-    EXPECT_EQ(e.Listindex(), -1);
-    e.setListindex(1);
-    EXPECT_EQ(e.Listindex(), 1);
 }
 
 } // namespace
