@@ -67,8 +67,7 @@ TEST(CMessageTexto, ColeccionGuardaDuplicadosYCuentaDesdeUno)
     ASSERT_EQ(c.Count(), 2);
     EXPECT_EQ(c.Item(2), b);
     EXPECT_THROW(c.Item(0), RuntimeError);
-    c.Remove(1);
-    EXPECT_EQ(c.Item(1), b);
+    EXPECT_THROW(c.Item(3), RuntimeError);
 }
 
 TEST(CosechaDeCorreo, RemitenteLineasYAdjunto)
@@ -139,6 +138,7 @@ TEST_F(Cosecha, NombreHostilNoSaleDeMail)
     cosechar();
     EXPECT_EQ(errores, QList<int>({52, 52}));
     EXPECT_EQ(enMail(), QStringList({"231124.txt"}));
+    EXPECT_TRUE(QFile::exists(carpeta() + "/mail/provisio.tx1")); // the work file
     EXPECT_FALSE(QFile::exists(carpeta() + "/../evil"));
     EXPECT_EQ(leer(carpeta() + "/mail/231124.txt"), "TEF;1\r\n\r\n");
 }

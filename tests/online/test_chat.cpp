@@ -137,11 +137,7 @@ TEST_F(ConPar, ReadsAsTheyCome)
         {"the first empty piece ends the read", {"ni+a\xA0\xA0ni+b\xA0"}, {"a"}, ""},
         {"ni- walks down by index", {"ni+x\xA0ni+a\xA0ni+a\xA0ni+y\xA0", "ni-a\xA0"}, {"x", "a", "y"}, ""},
         {"ni- of nobody", {"ni+x\xA0ni-\xA0ni-z\xA0"}, {"x"}, ""},
-        {"nik and cls do nothing",
-         {"nik\xA0"
-          "cls\xA0"},
-         {},
-         ""},
+        {"nik and cls do nothing", {"nik\xA0", "cls\xA0"}, {}, ""},
     };
     for (const Caso &c : casos) {
         SCOPED_TRACE(c.nombre);
