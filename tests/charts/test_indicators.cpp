@@ -40,19 +40,6 @@ TEST(Indicators, Macd)
     EXPECT_DOUBLE_EQ(g.valor(2, 1), 5);
 }
 
-TEST(Indicators, MacdOnALogarithmicChartAveragesTheLogarithm)
-{
-    bool log = true;
-    grafica g(&log);
-    IndicatorState st;
-    grafica_macd(g, st, 110, 10, 0, 1, 100);  // MACD 100, stored as 2
-    grafica_macd(g, st, 1010, 10, 0, 2, 100); // MACD 1000, stored as 3
-    EXPECT_NEAR(g.valor(1, 2), 3, 1e-12);
-    // The signal starts at log 100 = 2 and moves a quarter of the way to 3;
-    // the chart stores the logarithm of that.
-    EXPECT_NEAR(g.valor(2, 2), std::log10(2.25), 1e-12);
-}
-
 TEST(Indicators, MacdWhoseSignalFailsKeepsItsLine)
 {
     grafica g;
@@ -87,15 +74,21 @@ TEST(Indicators, Rsi)
     EXPECT_EQ(g.NumSets(), 3);
 }
 
-TEST(Indicators, RsiOnALogarithmicChartStoresLogarithms)
+TEST(Indicators, OnALogarithmicChartTheyStoreLogarithms)
 {
     bool log = true;
-    grafica g(&log);
-    IndicatorState st;
-    grafica_rsi(g, st, 2, 0, 1); // a first gain: u = 2, d = 0, r = 100 - 100 / 3
-    EXPECT_NEAR(g.valor(1, 1), std::log10(100 - 100.0 / 3), 1e-12);
-    EXPECT_NEAR(g.valor(2, 1), std::log10(30), 1e-12);
-    EXPECT_NEAR(g.valor(3, 1), std::log10(70), 1e-12);
+    grafica g(&log), r(&log);
+    IndicatorState st, sr;
+    grafica_macd(g, st, 110, 10, 0, 1, 100);  // MACD 100, stored as 2
+    grafica_macd(g, st, 1010, 10, 0, 2, 100); // MACD 1000, stored as 3
+    EXPECT_NEAR(g.valor(1, 2), 3, 1e-12);
+    // The signal averages the logarithm: it starts at log 100 = 2 and moves a
+    // quarter of the way to 3; the chart stores the logarithm of that.
+    EXPECT_NEAR(g.valor(2, 2), std::log10(2.25), 1e-12);
+    grafica_rsi(r, sr, 2, 0, 1); // a first gain: u = 2, d = 0, r = 100 - 100 / 3
+    EXPECT_NEAR(r.valor(1, 1), std::log10(100 - 100.0 / 3), 1e-12);
+    EXPECT_NEAR(r.valor(2, 1), std::log10(30), 1e-12);
+    EXPECT_NEAR(r.valor(3, 1), std::log10(70), 1e-12);
 }
 
 TEST(Indicators, MomentumHistoryMovesOnlyTheFirstPlaces)
