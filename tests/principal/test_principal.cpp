@@ -398,13 +398,14 @@ TEST(Comandos, SharedControlsLeadToOneCommand)
 {
     Comandos c;
     QStringList hechos;
-    for (const char *nombre : {"Comprar", "Importinet", "menu_add_faboritos"})
+    for (const char *nombre : {"Comprar", "Vender", "Importinet", "menu_add_faboritos"})
         c.registrar(nombre, [&hechos, nombre] { hechos << nombre; });
     // Controls sharing a command, a control named as its command, a command by its own name.
     const std::pair<const char *, const char *> casos[] = {
         {"boton_Comprar", "Comprar"},
         {"menu_popup_Comprar", "Comprar"},
         {"menu_importar", "Importinet"},
+        {"menu_popup_vender", "Vender"},
         {"menu_popup_add", "menu_add_faboritos"},
         {"menu_add_faboritos", "menu_add_faboritos"},
         {"Importinet", "Importinet"},
