@@ -73,7 +73,7 @@ std::int64_t roundedUnits(double value, int scale)
 
 } // namespace
 
-Currency Currency::fromDouble(double value)
+Currency Currency::fromDoubleRounded(double value)
 {
     return fromUnits(roundedUnits(value, 4));
 }
@@ -101,10 +101,9 @@ Currency Currency::operator-() const
     return fromUnits(-units_);
 }
 
-Currency Currency::operator*(double factor) const
+Currency Currency::productRounded(double tenThousandths)
 {
-    // The product in ten-thousandths, rounded half to even to a whole one.
-    return fromUnits(roundedUnits(static_cast<double>(units_) * factor, 0));
+    return fromUnits(roundedUnits(tenThousandths, 0));
 }
 
 double Currency::operator/(Currency other) const

@@ -36,7 +36,10 @@ Int16 checked(int value)
 
 } // namespace
 
-Int16::Int16(double value) : value_(roundInto<std::int16_t>(value)) {}
+std::int16_t Int16::redondear(double value)
+{
+    return roundInto<std::int16_t>(value);
+}
 
 Int16 Int16::operator+(Int16 other) const
 {

@@ -10,7 +10,8 @@ class Int16
 {
   public:
     constexpr Int16() = default;
-    Int16(double value); // rounds half to even, overflow past the range
+    // Rounds half to even, overflow past the range.
+    Int16(double value) : value_(entero(value) ? static_cast<std::int16_t>(value) : redondear(value)) {}
     std::int16_t value() const { return value_; }
     operator double() const { return value_; }
 
@@ -21,6 +22,9 @@ class Int16
     Int16 &operator-=(Int16 other) { return *this = *this - other; }
 
   private:
+    // Shares and codes mostly arrive whole: nothing to round then.
+    static bool entero(double v) { return v >= -32768 && v <= 32767 && v == static_cast<std::int16_t>(v); }
+    static std::int16_t redondear(double value);
     std::int16_t value_ = 0;
 };
 

@@ -38,7 +38,13 @@ void Beneficio::Apuntar(const Paquete_ &r)
 
 void Beneficio::Compra(const QDate &Fecha, Int16 Cuantas, Currency Precio, Currency Total)
 {
-    auto lote = std::make_shared<op_>();
+    // Lots are carved from blocks of a few dozen: a long ledger would
+    // otherwise allocate (and free) each of them on its own.
+    if (libresEnBloque_ == 0) {
+        bloque_ = std::make_shared<op_[]>(kLotesPorBloque);
+        libresEnBloque_ = kLotesPorBloque;
+    }
+    std::shared_ptr<op_> lote(bloque_, &bloque_[kLotesPorBloque - libresEnBloque_--]);
     lote->Compradas = Cuantas;
     lote->Precio = Precio;
     lote->TotalCompra = Total;

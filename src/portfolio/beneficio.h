@@ -42,6 +42,11 @@ class op_
 class Beneficio
 {
   public:
+    Beneficio() = default;
+    // Two copies would carve their next lots from the same block.
+    Beneficio(const Beneficio &) = delete;
+    Beneficio &operator=(const Beneficio &) = delete;
+
     void Apuntar(const Paquete_ &registro);
     void Compra(const QDate &Fecha, Int16 Cuantas, Currency Precio, Currency Total);
     // Cuantas and Total arrive negative, as the ledger keeps a sale.
@@ -59,6 +64,9 @@ class Beneficio
     Int16 contador_;
     Coleccion<op_> lotes_;
     double primeroAbierto_ = 1; // lots before it have no shares left to sell
+    static constexpr int kLotesPorBloque = 64;
+    std::shared_ptr<op_[]> bloque_;
+    int libresEnBloque_ = 0;
 };
 
 } // namespace tesorel

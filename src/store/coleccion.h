@@ -28,12 +28,14 @@ template <class T> class Coleccion
         }
     }
 
-    std::shared_ptr<T> Item(double index) const
+    // A reference, so that a walk over the lots copies no reference count.
+    const std::shared_ptr<T> &Item(double index) const
     {
+        static const std::shared_ptr<T> ninguno;
         if (index < 1)
             throw RuntimeError(err::SubscriptOutOfRange, "El subíndice está fuera del intervalo");
         if (index > count_)
-            return nullptr;
+            return ninguno;
         return items_[static_cast<std::size_t>(index) - 1];
     }
 

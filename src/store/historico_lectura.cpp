@@ -8,18 +8,23 @@ namespace tesorel
 namespace
 {
 
-LineaHistorico leerLinea(const Query &q)
+// Columns in the order of LineaHistorico. The user, and the value when one
+// is asked for, are the ones bound, so they are not read back; a replay
+// does without the sentence too.
+LineaHistorico leerLinea(const Query &q, double usuario, std::optional<double> valor, FraseDeLinea frase)
 {
     LineaHistorico l;
-    l.usuario = q.number(0);
-    l.cantidad = q.number(1);
-    l.valor = q.number(2);
-    l.operacionNum = q.number(3);
-    l.operacion = q.text(4);
-    l.entidad = q.number(5);
-    l.precio = q.number(6);
-    l.fecha = q.date(7);
-    l.total = q.number(8);
+    l.usuario = usuario;
+    int c = 0;
+    l.cantidad = q.number(c++);
+    l.valor = valor ? *valor : q.number(c++);
+    l.operacionNum = q.number(c++);
+    if (frase == FraseDeLinea::Leer)
+        l.operacion = q.text(c++);
+    l.entidad = q.number(c++);
+    l.precio = q.number(c++);
+    l.fecha = q.date(c++);
+    l.total = q.number(c);
     return l;
 }
 
@@ -28,18 +33,19 @@ LineaHistorico leerLinea(const Query &q)
 void recorrerHistorico(Database &db, double usuario, std::optional<double> valor, FraseDeLinea frase,
                        const std::function<void(const LineaHistorico &)> &cada)
 {
-    const QString campos =
-        QStringLiteral("select Usuario, Cantidad, VALOR, operacionNum, ") +
-        (frase == FraseDeLinea::Leer ? QStringLiteral("Operacion") : QStringLiteral("''")) +
-        QStringLiteral(", Entidad, precio_operacion, Fecha_operacion, Total_operacion from "
-                       "historico where usuario = ?");
+    const QString campos = QStringLiteral("select Cantidad, ") +
+                           (valor ? QString() : QStringLiteral("VALOR, ")) +
+                           QStringLiteral("operacionNum, ") +
+                           (frase == FraseDeLinea::Leer ? QStringLiteral("Operacion, ") : QString()) +
+                           QStringLiteral("Entidad, precio_operacion, Fecha_operacion, Total_operacion from "
+                                          "historico where usuario = ?");
     Query q(db, valor ? campos + QStringLiteral(" and valor = ? order by fecha_operacion, rowid")
                       : campos + QStringLiteral(" order by fecha_operacion, rowid"));
     q.bind(1, usuario);
     if (valor)
         q.bind(2, *valor);
     while (q.next())
-        cada(leerLinea(q));
+        cada(leerLinea(q, usuario, valor, frase));
 }
 
 std::vector<LineaHistorico> leerHistorico(Database &db, double usuario, std::optional<double> valor,

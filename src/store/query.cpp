@@ -108,27 +108,38 @@ QString Query::text(int column) const
     const auto *bytes = reinterpret_cast<const char *>(sqlite3_column_text(stmt_, column));
     return bytes ? QString::fromUtf8(bytes, sqlite3_column_bytes(stmt_, column)) : QString();
 }
+namespace
+{
+
+// The day of a "yyyy-MM-dd" text's digits, or an invalid day; its Julian
+// number is worked out here, since building it through the calendar costs
+// as much as reading the row.
+QDate diaDeDigitos(int y, int m, int d)
+{
+    static constexpr int dias[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    const bool bisiesto = y % 4 == 0 && (y % 100 != 0 || y % 400 == 0);
+    if (y < 1 || m < 1 || m > 12 || d < 1 || d > dias[m - 1] + (m == 2 && bisiesto))
+        return QDate();
+    const int a = (14 - m) / 12, yy = y + 4800 - a, mm = m + 12 * a - 3;
+    return QDate::fromJulianDay(d + (153 * mm + 2) / 5 + 365 * yy + yy / 4 - yy / 100 + yy / 400 - 32045);
+}
+
+} // namespace
+
 QDate Query::date(int column) const
 {
-    if (isNull(column))
-        return QDate();
     // The store writes days as "yyyy-MM-dd", maybe with a time after them: the
     // digits are read in place, since a ledger replay reads a date per line.
-    // Anything else goes the long way.
-    const auto *b = reinterpret_cast<const char *>(sqlite3_column_text(stmt_, column));
+    // Anything else goes the long way. A null has no text.
+    const auto *b = reinterpret_cast<const unsigned char *>(sqlite3_column_text(stmt_, column));
+    if (!b)
+        return QDate();
     const int n = sqlite3_column_bytes(stmt_, column);
-    if (b && n >= 10 && b[4] == '-' && b[7] == '-') {
-        int campos[3] = {0, 0, 0};
-        const int desde[3] = {0, 5, 8}, largo[3] = {4, 2, 2};
-        bool digitos = true;
-        for (int k = 0; k < 3; ++k)
-            for (int i = desde[k]; i < desde[k] + largo[k]; ++i) {
-                digitos = digitos && b[i] >= '0' && b[i] <= '9';
-                campos[k] = campos[k] * 10 + (b[i] - '0');
-            }
-        if (digitos)
-            return QDate(campos[0], campos[1], campos[2]);
-    }
+    const auto d = [b](int i) { return unsigned(b[i]) - '0'; };
+    if (n >= 10 && b[4] == '-' && b[7] == '-' && d(0) < 10 && d(1) < 10 && d(2) < 10 && d(3) < 10 &&
+        d(5) < 10 && d(6) < 10 && d(8) < 10 && d(9) < 10)
+        return diaDeDigitos(int(d(0) * 1000 + d(1) * 100 + d(2) * 10 + d(3)), int(d(5) * 10 + d(6)),
+                            int(d(8) * 10 + d(9)));
     return QDate::fromString(text(column).left(10), Qt::ISODate);
 }
 QVariant Query::value(int column) const

@@ -66,7 +66,15 @@ TEST_F(SmallBase, DatesReadFromTheStoredText)
                  {"2024-13-01", QDate()},
                  {"05/02/2024", QDate()},
                  {"2024-0a-05", QDate()},
-                 {"2024-02-05x", QDate(2024, 2, 5)}};
+                 {"2024-02-05x", QDate(2024, 2, 5)},
+                 {"2024-02-29", QDate(2024, 2, 29)},
+                 {"2023-02-29", QDate()},
+                 {"1900-02-29", QDate()},
+                 {"2000-02-29", QDate(2000, 2, 29)},
+                 {"1601-03-01", QDate(1601, 3, 1)},
+                 {"1970-01-01", QDate(1970, 1, 1)},
+                 {"9999-12-31", QDate(9999, 12, 31)},
+                 {"0000-01-01", QDate()}};
     for (const auto &c : casos) {
         Query q(*base, QStringLiteral("select ?"));
         q.bind(1, QString::fromLatin1(c.texto));
