@@ -204,10 +204,11 @@ QString numberText(double value, QChar point, bool leadingZero)
         out += QStringLiteral("%1").arg(std::abs(exponent), 2, 10, QChar(u'0'));
         return out;
     }
-    std::string whole = d.integerDigits();
+    const std::string whole = d.integerDigits();
     if (whole.empty() && leadingZero)
-        whole = "0";
-    out += QString::fromLatin1(whole.data(), static_cast<qsizetype>(whole.size()));
+        out += u'0';
+    else
+        out += QString::fromLatin1(whole.data(), static_cast<qsizetype>(whole.size()));
     const int decimals = static_cast<int>(d.digits.size()) - d.point;
     if (decimals > 0) {
         std::string frac = d.decimalDigits(decimals);
