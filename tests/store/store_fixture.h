@@ -1,4 +1,5 @@
 #pragma once
+#include "../core/fallo.h"
 #include "store/database.h"
 #include "store/recordset.h"
 
@@ -40,15 +41,5 @@ class SmallBase : public ::testing::Test
     QString path;
     std::shared_ptr<tesorel::Database> base;
 };
-
-template <typename F> int errorNumber(F &&f)
-{
-    try {
-        f();
-    } catch (const tesorel::RuntimeError &e) {
-        return e.number();
-    }
-    return 0;
-}
 
 } // namespace tesorel::testing_store

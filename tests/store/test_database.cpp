@@ -5,7 +5,7 @@
 #include <QFile>
 
 using namespace tesorel;
-using tesorel::testing_store::errorNumber;
+using namespace tesorel::testing;
 using tesorel::testing_store::SmallBase;
 
 namespace
@@ -15,13 +15,9 @@ TEST(Database, MissingFileIs3024AndCreatesNothing)
 {
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("base1.mdb"));
-    try {
-        Database::open(path);
-        FAIL();
-    } catch (const RuntimeError &e) {
-        EXPECT_EQ(e.number(), err::DatabaseFileNotFound);
-        EXPECT_EQ(e.description(), QStringLiteral("No se encuentra el archivo '%1'.").arg(path));
-    }
+    const Fallo f = falloDe([&] { Database::open(path); });
+    EXPECT_EQ(f.numero, err::DatabaseFileNotFound);
+    EXPECT_EQ(f.texto, QStringLiteral("No se encuentra el archivo '%1'.").arg(path));
     EXPECT_FALSE(QFile::exists(path));
 }
 
@@ -54,13 +50,9 @@ TEST_F(SmallBase, FailuresCarryTheEngineMessage)
         {"update quotes set nada = 1", 3061, QStringLiteral("Pocos parámetros. Se esperaba 1.")},
     };
     for (const Case &c : cases) {
-        try {
-            base->execute(QString::fromUtf8(c.statement));
-            ADD_FAILURE() << "no failure: " << c.statement;
-        } catch (const RuntimeError &e) {
-            EXPECT_EQ(e.number(), c.number) << c.statement;
-            EXPECT_EQ(e.description(), c.message) << c.statement;
-        }
+        const Fallo f = falloDe([&] { base->execute(QString::fromUtf8(c.statement)); });
+        EXPECT_EQ(f.numero, c.number) << c.statement;
+        EXPECT_EQ(f.texto, c.message) << c.statement;
     }
 }
 

@@ -1,9 +1,11 @@
+#include "../core/fallo.h"
 #include "core/runtime_error.h"
 #include "store/jet_sql.h"
 
 #include <gtest/gtest.h>
 
 using namespace tesorel;
+using namespace tesorel::testing;
 
 namespace
 {
@@ -55,15 +57,11 @@ TEST(JetSql, RefusedStatementsAreSyntaxErrors)
                             "select * from t where [valor = 3", "select * from bolsa where fecha = #03/15/24",
                             "select * from bolsa where fecha = #hoy#", "select (1 from t", "select 1) from t",
                             "select * from t; drop table t", "select * from t where a = ?"}) {
-        try {
-            jet::translate(QString::fromUtf8(bad));
-            ADD_FAILURE() << "accepted: " << bad;
-        } catch (const RuntimeError &e) {
-            EXPECT_EQ(e.number(), err::SyntaxError) << bad;
-            EXPECT_TRUE(e.description().startsWith(QStringLiteral("Error de sintaxis")) ||
-                        e.description().startsWith(QStringLiteral("Se encontraron")))
-                << e.description().toStdString();
-        }
+        const Fallo f = falloDe([&] { jet::translate(QString::fromUtf8(bad)); });
+        EXPECT_EQ(f.numero, err::SyntaxError) << bad;
+        EXPECT_TRUE(f.texto.startsWith(QStringLiteral("Error de sintaxis")) ||
+                    f.texto.startsWith(QStringLiteral("Se encontraron")))
+            << f.texto.toStdString();
     }
 }
 

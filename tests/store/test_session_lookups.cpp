@@ -18,12 +18,9 @@ class Lookups : public ::testing::Test, protected tesorel::testing::SesionDePrue
     {
         base.db->execute(
             "insert into codigo_empresas (codigo, nombre, abreviatura3, abreviatura11, invertia) "
-            "values (1, 'BANCO SANTANDER', 'SAN', 'SANTANDER', 'RV011SANTANDER')");
-        base.db->execute(
-            "insert into codigo_empresas (codigo, nombre, abreviatura3, abreviatura11, invertia) "
-            "values (2, 'TELEFONICA', 'TEF', 'TELEFONICA', 'RV011TELEFONICA')");
-        base.db->execute("insert into codigo_empresas (codigo, nombre, abreviatura3, abreviatura11) "
-                         "values (3, 'CARTERA INDUSTRIAL', 'CIN', 'CARTERA IND')");
+            "values (1, 'BANCO SANTANDER', 'SAN', 'SANTANDER', 'RV011SANTANDER'), "
+            "(2, 'TELEFONICA', 'TEF', 'TELEFONICA', 'RV011TELEFONICA'), "
+            "(3, 'CARTERA INDUSTRIAL', 'CIN', 'CARTERA IND', null)");
         base.db->execute(
             "insert into www (campo2, campo3, web) values ('TELEFONICA', "
             "'tef#http://quotes.example/tef#', 'www.telefonica.com#http://www.telefonica.com#')");

@@ -72,7 +72,6 @@ TEST_F(UsuarioTest, NumeroDoesNotChooseTheUser)
 {
     Usuario u(s);
     u.setNumero(99);
-    EXPECT_EQ(u.Numero(), 99);
     u.Update();
     EXPECT_EQ(u.email(), "ana@yahoo.es");
     EXPECT_EQ(u.Pop(), "pop.x");
