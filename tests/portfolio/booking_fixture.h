@@ -29,76 +29,50 @@ struct LibroDePrueba : SesionDePrueba {
         s.Usuario_Numero = 1;
         s.alRegistrarError = [this](const RuntimeError &e) { errores << QString::number(e.number()); };
     }
+    // Runs a statement with the values bound in order.
+    template <typename... V> void escribir(const QString &sql, const V &...valores)
+    {
+        Query q(db, sql);
+        int i = 0;
+        (q.bind(++i, valores), ...);
+        q.exec();
+    }
     void empresa(int codigo, const QString &abrev)
     {
-        Query(db,
-              "insert into Codigo_Empresas (Codigo, NOMBRE, ABREVIATURA3, ABREVIATURA11) values (?, ?, ?, ?)")
-            .bind(1, codigo)
-            .bind(2, abrev + " SA")
-            .bind(3, abrev.left(3))
-            .bind(4, abrev)
-            .exec();
+        escribir(
+            "insert into Codigo_Empresas (Codigo, NOMBRE, ABREVIATURA3, ABREVIATURA11) values (?, ?, ?, ?)",
+            codigo, abrev + " SA", abrev.left(3), abrev);
         Abrir_Empresas(s);
     }
     void cotizacion(int valor, QDate dia, double ultimo, double anterior = 0, double volumen = 0)
     {
-        Query(db, "insert into bolsa (VALOR, FECHA, ANTERIOR, ULTIMO, VOLUMEN, MAXIMO, MINIMO, EFECT) "
-                  "values (?, ?, ?, ?, ?, ?, ?, 0)")
-            .bind(1, valor)
-            .bind(2, dia)
-            .bind(3, anterior)
-            .bind(4, ultimo)
-            .bind(5, volumen)
-            .bind(6, ultimo)
-            .bind(7, ultimo)
-            .exec();
+        escribir("insert into bolsa (VALOR, FECHA, ANTERIOR, ULTIMO, VOLUMEN, MAXIMO, MINIMO, EFECT) "
+                 "values (?, ?, ?, ?, ?, ?, ?, 0)",
+                 valor, dia, anterior, ultimo, volumen, ultimo, ultimo);
     }
     void posicion(int valor, double cantidad, double precio, double total, QDate compra)
     {
-        Query(db, "insert into cartera (Usuario, VALOR, Cantidad, Precio_Compra, Fecha_Compra, Total_Compra) "
-                  "values (?, ?, ?, ?, ?, ?)")
-            .bind(1, s.Usuario_Numero)
-            .bind(2, valor)
-            .bind(3, cantidad)
-            .bind(4, precio)
-            .bind(5, compra)
-            .bind(6, total)
-            .exec();
+        escribir("insert into cartera (Usuario, VALOR, Cantidad, Precio_Compra, Fecha_Compra, Total_Compra) "
+                 "values (?, ?, ?, ?, ?, ?)",
+                 s.Usuario_Numero, valor, cantidad, precio, compra, total);
     }
     // A positive quantity is a purchase, a negative one a sale.
     void apunte(int valor, QDate dia, double cantidad, double total, int entidad = 0)
     {
-        Query(db, "insert into historico (Usuario, Cantidad, VALOR, operacionNum, Operacion, Entidad, "
-                  "precio_operacion, Fecha_operacion, Total_operacion) values (?, ?, ?, ?, '', ?, ?, ?, ?)")
-            .bind(1, s.Usuario_Numero)
-            .bind(2, cantidad)
-            .bind(3, valor)
-            .bind(4, cantidad > 0 ? 2 : 4)
-            .bind(5, entidad)
-            .bind(6, cantidad != 0 ? std::abs(total / cantidad) : 0.0)
-            .bind(7, dia)
-            .bind(8, total)
-            .exec();
+        escribir("insert into historico (Usuario, Cantidad, VALOR, operacionNum, Operacion, Entidad, "
+                 "precio_operacion, Fecha_operacion, Total_operacion) values (?, ?, ?, ?, '', ?, ?, ?, ?)",
+                 s.Usuario_Numero, cantidad, valor, cantidad > 0 ? 2 : 4, entidad,
+                 cantidad != 0 ? std::abs(total / cantidad) : 0.0, dia, total);
     }
     void diaActual(QDate dia)
     {
-        Query(db, "update Usuario_Actual set USUARIO_ACTUAL = ?, fecha_Actual = ?")
-            .bind(1, s.Usuario_Numero)
-            .bind(2, dia)
-            .exec();
+        escribir("update Usuario_Actual set USUARIO_ACTUAL = ?, fecha_Actual = ?", s.Usuario_Numero, dia);
     }
     void banda(int entidad, const QString &nombre, double tanto, double minimo, double desde, double hasta)
     {
-        Query(
-            db,
-            "insert into comisiones (Entidad, NOMBRE, Tanto, minimo, desde, Hasta) values (?, ?, ?, ?, ?, ?)")
-            .bind(1, entidad)
-            .bind(2, nombre)
-            .bind(3, tanto)
-            .bind(4, minimo)
-            .bind(5, desde)
-            .bind(6, hasta)
-            .exec();
+        escribir(
+            "insert into comisiones (Entidad, NOMBRE, Tanto, minimo, desde, Hasta) values (?, ?, ?, ?, ?, ?)",
+            entidad, nombre, tanto, minimo, desde, hasta);
     }
     QVariant uno(const QString &sql)
     {
@@ -123,10 +97,9 @@ struct SesionDeApuntes : LibroDePrueba {
         empresa(10, "TELEFONICA");
         empresa(11, "REPSOL");
         empresa(12, "BANCO");
-        Query o(db, "insert into operadores (codigo, NOMBRE) values (?, ?)");
         int codigo = 0;
         for (const char *nombre : {"Uno", "Enlazado", "Canon", "Cinco", "Fijo"})
-            o.bind(1, ++codigo).bind(2, QString(nombre)).exec();
+            escribir("insert into operadores (codigo, NOMBRE) values (?, ?)", ++codigo, QString(nombre));
         banda(1, "Corretaje", 0.35, 6, 0, 1000);
         banda(1, "Tramo alto", 0.2, 0, 1000, 5000);
         banda(2, "Canon", 0, 0, 0, 1e9);

@@ -12,7 +12,10 @@ using namespace tesorel;
 namespace
 {
 
+// The ledger window opened on five lines.
 struct LedgerFixture : tesorel::testing::CarteraBase {
+    Historico h{s};
+
     void SetUp() override
     {
         db.execute("insert into Codigo_Empresas (Codigo, NOMBRE, ABREVIATURA3, ABREVIATURA11) values "
@@ -25,20 +28,19 @@ struct LedgerFixture : tesorel::testing::CarteraBase {
         linea(7, -40, 4, 1, 12, QDate(2006, 2, 1), -470.5);
         linea(7, 10, 5, 1, 1, QDate(2004, 5, 5), 10);      // an unknown kind
         linea(7, 10, 2, 1, 1, QDate(2004, 5, 5), 10, 2.0); // another user
+        h.Form_Load();
     }
 
     void linea(double valor, double cantidad, int tipo, int broker, double precio, QDate fecha, double total,
                double usuario = 1)
     {
-        Query q(
-            db,
+        escribir(
             "insert into historico (Usuario, Cantidad, VALOR, operacionNum, Operacion, Entidad, "
-            "precio_operacion, Fecha_operacion, Total_operacion) values (?, ?, ?, ?, 'texto', ?, ?, ?, ?)");
-        q.bind(1, usuario).bind(2, cantidad).bind(3, valor).bind(4, tipo).bind(5, broker).bind(6, precio);
-        q.bind(7, fecha).bind(8, total).exec();
+            "precio_operacion, Fecha_operacion, Total_operacion) values (?, ?, ?, ?, 'texto', ?, ?, ?, ?)",
+            usuario, cantidad, valor, tipo, broker, precio, fecha, total);
     }
 
-    QStringList primeras(const Historico &h)
+    QStringList primeras()
     {
         QStringList r;
         for (const auto &f : h.filas)
@@ -52,8 +54,6 @@ struct LedgerFixture : tesorel::testing::CarteraBase {
 
 TEST_F(LedgerFixture, RowsReadAsSentencesAndFiltersOutliveSortChanges)
 {
-    Historico h(s);
-    h.Form_Load();
     EXPECT_EQ(h.Filtro_Lista, QStringList({"TELEFONICA", "REPSOL"}));
     ASSERT_EQ(h.filas.size(), 4u);
     EXPECT_EQ(h.filas[0].celdas(),
@@ -82,21 +82,19 @@ TEST_F(LedgerFixture, RowsReadAsSentencesAndFiltersOutliveSortChanges)
     };
     for (const auto &p : pasos) {
         p.accion();
-        EXPECT_EQ(primeras(h), p.filas);
+        EXPECT_EQ(primeras(), p.filas);
     }
 }
 
 TEST_F(LedgerFixture, DeletingOneOrAllShownAsksFirst)
 {
-    Historico h(s);
-    h.Form_Load();
     ui.answers = {mb::No};
     h.Borrar_Click(2);
     EXPECT_EQ(cuenta(), 5);
     ui.answers = {mb::Yes};
     h.Borrar_Click(2); // REPSOL
     EXPECT_EQ(cuenta(), 4);
-    EXPECT_EQ(primeras(h),
+    EXPECT_EQ(primeras(),
               QStringList({"05/05/2004 TELEFONICA", "01/03/2005 TELEFONICA", "01/02/2006 TELEFONICA"}));
     h.Command2_Click();
     ui.answers = {mb::Yes};
@@ -107,8 +105,6 @@ TEST_F(LedgerFixture, DeletingOneOrAllShownAsksFirst)
 
 TEST_F(LedgerFixture, ReportCopiesTheRowsWithTheCommissionByThePointRule)
 {
-    Historico h(s);
-    h.Form_Load();
     h.Command1_Click(2);
     const QString ruta = s.carpeta + "/historico.htm";
     EXPECT_EQ(ui.opened, QStringList({ruta}));
@@ -139,8 +135,6 @@ TEST_F(LedgerFixture, ReportCopiesTheRowsWithTheCommissionByThePointRule)
 
 TEST_F(LedgerFixture, TaxExportAddsATitularEachRunAndSkipsOtherVerbs)
 {
-    Historico h(s);
-    h.Form_Load();
     h.letra = s.carpeta;
     // A missing folder: the error is reported, the closing message shows, no file.
     ui.inputs = {"ANA"};
@@ -168,8 +162,6 @@ TEST_F(LedgerFixture, TaxExportAddsATitularEachRunAndSkipsOtherVerbs)
 
 TEST_F(LedgerFixture, EditorRewritesTheLineAsTyped)
 {
-    Historico h(s);
-    h.Form_Load();
     struct Caso {
         const char *nombre;
         int fila;
