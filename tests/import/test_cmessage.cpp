@@ -67,7 +67,8 @@ TEST(CMessageTexto, ColeccionGuardaDuplicadosYCuentaDesdeUno)
     ASSERT_EQ(c.Count(), 2);
     EXPECT_EQ(c.Item(2), b);
     EXPECT_THROW(c.Item(0), RuntimeError);
-    EXPECT_THROW(c.Item(3), RuntimeError);
+    c.Remove(1);
+    EXPECT_EQ(c.Item(1), b);
 }
 
 TEST(CosechaDeCorreo, RemitenteLineasYAdjunto)

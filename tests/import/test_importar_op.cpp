@@ -12,12 +12,18 @@ namespace tesorel::testing
 namespace
 {
 
-TEST(PalabrasDeLinea, LaSegunda)
+TEST(PalabrasDeLinea, CuentaYToma)
 {
-    const std::pair<QString, QString> casos[] = {
-        {"", ""}, {"a", ""}, {"  a  b  ", "b"}, {"a\tb c", "b"}, {"codigoTX TELEF_ONICA", "TELEF_ONICA"}};
-    for (const auto &[linea, segunda] : casos)
-        EXPECT_EQ(Palabra(linea, 2), segunda) << linea.toStdString();
+    struct Caso {
+        QString linea;
+        int palabras;
+        QString segunda;
+    };
+    for (const Caso &c : {Caso{"", 0, ""}, Caso{"a", 1, ""}, Caso{"  a  b  ", 2, "b"}, Caso{"a\tb c", 3, "b"},
+                          Caso{"codigoTX TELEF_ONICA", 2, "TELEF_ONICA"}}) {
+        EXPECT_EQ(ContarPalabras(c.linea), c.palabras) << c.linea.toStdString();
+        EXPECT_EQ(Palabra(c.linea, 2), c.segunda) << c.linea.toStdString();
+    }
 }
 
 const QByteArray kTxt =

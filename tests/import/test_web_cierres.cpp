@@ -43,8 +43,10 @@ TEST(WebCierres, ReadsTheLinesOfTheDayAndStopsAtTheFirstThatIsNot)
     EXPECT_DOUBLE_EQ(r.filas[0].efect(), 4.2);
 }
 
-TEST(WebCierres, TheSourcesAddressesFromTheSettings)
+TEST(WebCierres, FieldsAndTheSourcesAddresses)
 {
+    EXPECT_EQ(Enlacolumna("a,b,c", "2"), "b");
+    EXPECT_EQ(Enlacolumna("a,b,c", "9"), "c"); // past the end: the last field
     QTemporaryDir carpeta;
     QFile ini(carpeta.path() + "/fuentes.ini");
     ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
