@@ -1,4 +1,5 @@
 #include "store/base_builder.h"
+#include "store/conexion.h"
 
 #include "core/runtime_error.h"
 #include "store/database.h"
@@ -242,10 +243,10 @@ void buildBase(const QString &outPath, const BaseBuildOptions &options)
     try {
         // A half-built file is removed below, so the build needs no journal on disk.
         db->executeNative("PRAGMA synchronous = OFF; PRAGMA journal_mode = MEMORY");
-        loadSchema(db->handle(), options.dataDir);
-        loadReferenceTables(db->handle(), options.dataDir);
+        loadSchema(conexionDe(*db), options.dataDir);
+        loadReferenceTables(conexionDe(*db), options.dataDir);
         if (options.sample) {
-            insertSampleQuotes(db->handle(), sampleQuoteOptions(db->handle(), options));
+            insertSampleQuotes(conexionDe(*db), sampleQuoteOptions(conexionDe(*db), options));
             const double demo = addDemoUser(*db);
             if (options.demoLedger)
                 options.demoLedger(*db, demo);

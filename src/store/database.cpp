@@ -1,4 +1,5 @@
 #include "store/database.h"
+#include "store/conexion.h"
 
 #include "core/runtime_error.h"
 #include "store/engine_errors.h"
@@ -66,9 +67,9 @@ std::shared_ptr<Database> Database::create(const QString &path)
     return openHandle(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
 }
 
-sqlite3 *Database::handle() const
+sqlite3 *conexionDe(const Database &db)
 {
-    return db_;
+    return db.db_;
 }
 QString Database::path() const
 {

@@ -47,7 +47,6 @@ class Database : public std::enable_shared_from_this<Database>
     void rollback();
     bool inTransaction() const;
 
-    sqlite3 *handle() const; // for bulk tools and benchmarks
     QString path() const;
 
     // Internal: a prepared statement for SQLite SQL, reset and with bindings
@@ -61,6 +60,11 @@ class Database : public std::enable_shared_from_this<Database>
     [[noreturn]] void raiseEngineError(const QString &context = QString()) const;
 
   private:
+    // The engine's connection stays inside the store: its statements and
+    // recordsets, and the builder of a new base, reach it through
+    // store/conexion.h.
+    friend sqlite3 *conexionDe(const Database &db);
+
     Database(sqlite3 *db, const QString &path);
     static std::shared_ptr<Database> openHandle(const QString &path, int flags);
 

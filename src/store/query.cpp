@@ -1,4 +1,5 @@
 #include "store/query.h"
+#include "store/conexion.h"
 
 #include "core/runtime_error.h"
 #include "store/database.h"
@@ -64,7 +65,7 @@ bool Query::next()
         return true;
     done_ = true;
     if (rc != SQLITE_DONE) {
-        const RuntimeError failure = engineError(db_.handle(), jetSql_);
+        const RuntimeError failure = engineError(conexionDe(db_), jetSql_);
         sqlite3_reset(stmt_);
         throw failure;
     }
@@ -76,7 +77,7 @@ int Query::exec()
     reset();
     while (next()) {
     }
-    const int changed = sqlite3_changes(db_.handle());
+    const int changed = sqlite3_changes(conexionDe(db_));
     reset();
     return changed;
 }
@@ -149,7 +150,7 @@ QVariant Query::value(int column) const
 
 qint64 Query::lastInsertId() const
 {
-    return sqlite3_last_insert_rowid(db_.handle());
+    return sqlite3_last_insert_rowid(conexionDe(db_));
 }
 
 Transaction::Transaction(Database &db, OnLeave onLeave) : db_(db), onLeave_(onLeave)

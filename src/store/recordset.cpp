@@ -1,5 +1,6 @@
 // The public calls of a recordset; the work is done by its Impl
 // (recordset_impl.h).
+#include "store/conexion.h"
 #include "store/recordset_impl.h"
 
 #include "store/database.h"
@@ -16,7 +17,7 @@ using namespace Qt::StringLiterals;
 Recordset::Recordset(std::shared_ptr<Database> db, const QString &source) : d(new Impl), source_(source)
 {
     d->db = std::move(db);
-    d->h = d->db->handle();
+    d->h = conexionDe(*d->db);
     d->plan = planSource(d->h, source);
     d->open();
 }
@@ -25,7 +26,7 @@ Recordset::Recordset(std::shared_ptr<Database> db, SourcePlan plan, const QStrin
     : d(new Impl), source_(source)
 {
     d->db = std::move(db);
-    d->h = d->db->handle();
+    d->h = conexionDe(*d->db);
     d->plan = std::move(plan);
     d->open();
 }
