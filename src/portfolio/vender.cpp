@@ -14,7 +14,7 @@ namespace tesorel
 const QString Vender::NotaFilas =
     QStringLiteral("Si precisa más filas, pongase en contacto con los autores del programa");
 
-Vender::Vender(Session &s, EntornoCompraVenta entorno) : s_(s), entorno_(std::move(entorno)) {}
+Vender::Vender(Session &s, EntornoCompraVenta entorno) : VentanaDeApunte(s, std::move(entorno)) {}
 
 void Vender::Form_Load()
 {
@@ -28,12 +28,8 @@ void Vender::Form_Load()
             Combo1_Lista << Abreviatura11_De(s_, q.number(0));
     });
     // The value on show, held or not.
-    const QString nombre = entorno_.valorPrincipal ? entorno_.valorPrincipal() : QString();
-    Combo1 = Abreviatura11_De(s_, Codigo_De(s_, nombre, BuscarPor::Nombre));
-    s_.paso([&] {
-        Combo2_Lista = nombresOperadores(s_);
-        Combo2 = Combo2_Lista.value(0);
-    });
+    valorDeLaPrincipal();
+    cargarOperadores();
 }
 
 void Vender::Combo1_Evento(int evento)
@@ -47,30 +43,6 @@ void Vender::Combo1_Evento(int evento)
         if (q.next())
             setCantidad(textoNumero(q.number(0)));
     });
-}
-
-void Vender::setCantidad(const QString &texto)
-{
-    if (texto == cantidad_)
-        return;
-    cantidad_ = texto;
-    setPrecio_total(textoNumero(Numero_Val(precio_) * Numero_Val(cantidad_)));
-}
-
-void Vender::setPrecio(const QString &texto)
-{
-    if (texto == precio_)
-        return;
-    precio_ = texto;
-    setPrecio_total(textoNumero(Numero_Cdbl(precio_) * Numero_Cdbl(cantidad_)));
-}
-
-void Vender::setPrecio_total(const QString &texto)
-{
-    if (texto == precioTotal_)
-        return;
-    precioTotal_ = texto;
-    recalcularTotal();
 }
 
 void Vender::Combo2_Evento(int evento)
@@ -127,12 +99,6 @@ void Vender::Aceptar_Click()
     if (apuntarVenta(s_, {Combo1, cantidad_, precio_, Fecha, total_, operador},
                      ReglasApunte::ventaVentana()) == ResultadoVenta::Apuntada)
         Cerrada = true;
-}
-
-void Vender::EditarOperadores_Click()
-{
-    if (entorno_.abrirOperadores)
-        entorno_.abrirOperadores();
 }
 
 } // namespace tesorel
