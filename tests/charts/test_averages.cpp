@@ -12,16 +12,19 @@ namespace
 
 using testing::errorOf;
 
-struct Series {
+enum class Op { Max, Maxi, Min, Mini };
+
+// Values fed one by one with a period, and what each call returns.
+template <class Kind> struct Series {
     const char *name;
-    ClaseMedia kind;
+    Kind kind;
     double period;
     std::vector<double> values;
     std::vector<double> expected;
 };
 
 // Expected values worked out by hand from the definitions.
-const Series kAverages[] = {
+const Series<ClaseMedia> kAverages[] = {
     // Exponential, period 3: weight 2 / 4 = 0.5.
     {"exponential", ClaseMedia::Exponencial, 3, {10, 20, 0, 30}, {10, 15, 7.5, 18.75}},
     // Period 1 has weight 1: the average reaches exactly 0 and restarts at 7.
@@ -37,7 +40,7 @@ const Series kAverages[] = {
 
 TEST(MMedia, AveragesByKind)
 {
-    for (const Series &c : kAverages) {
+    for (const Series<ClaseMedia> &c : kAverages) {
         MMedia m;
         for (std::size_t i = 0; i < c.values.size(); ++i) {
             double period = c.period;
@@ -100,17 +103,7 @@ TEST(MMedia, Failures)
     EXPECT_DOUBLE_EQ(MMedia::sum(4), 10);
 }
 
-enum class Op { Max, Maxi, Min, Mini };
-
-struct Extremes {
-    const char *name;
-    Op op;
-    double period;
-    std::vector<double> values;
-    std::vector<double> expected;
-};
-
-const Extremes kExtremes[] = {
+const Series<Op> kExtremes[] = {
     // Ages from 0, runs out when the age equals 3; the follow-up is the
     // best seen since the reset (4), kept even once it is older than 3.
     {"Max by candidates", Op::Max, 3, {5, 3, 4, 2, 1, 0}, {5, 5, 5, 4, 4, 4}},
@@ -154,10 +147,10 @@ double feed(Maximos &m, Op op, double v, double n)
 
 TEST(Maximos, ExtremesByKind)
 {
-    for (const Extremes &c : kExtremes) {
+    for (const Series<Op> &c : kExtremes) {
         Maximos m;
         for (std::size_t i = 0; i < c.values.size(); ++i)
-            EXPECT_DOUBLE_EQ(feed(m, c.op, c.values[i], c.period), c.expected[i]) << c.name << " #" << i;
+            EXPECT_DOUBLE_EQ(feed(m, c.kind, c.values[i], c.period), c.expected[i]) << c.name << " #" << i;
     }
 }
 

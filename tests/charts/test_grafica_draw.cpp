@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -78,6 +79,13 @@ struct Chart {
         g.mascara("##0.##");
         g.graphtitle("TITULO");
     }
+    // Fills the sets and draws them as `type`.
+    void draw(double type, const std::vector<std::vector<double>> &sets)
+    {
+        g.graphtype(type);
+        fill(sets);
+        g.DrawMode(2);
+    }
     void fill(const std::vector<std::vector<double>> &sets)
     {
         g.NumPoints(double(sets[0].size()));
@@ -98,9 +106,7 @@ TEST(Trazar, LineChartScaleTitleGridAndSegments)
     Chart c;
     c.g.ColorLinea(1, 255);
     c.g.GruesoLinea(1, 1);
-    c.g.graphtype(6);
-    c.fill({{10, 20, 15}});
-    c.g.DrawMode(2);
+    c.draw(6, {{10, 20, 15}});
 
     const RecordingSurface &b = c.box;
     // R = 20: top 20 + 1.8, height -1.18 * 20.
@@ -137,10 +143,8 @@ TEST(Trazar, LineChartScaleTitleGridAndSegments)
 TEST(Trazar, AutomaticLabelsStartOneStepBelowTheTop)
 {
     Chart c;
-    c.g.graphtype(6);
-    c.fill({{0, 20}});
     c.g.YAxisTicks(4);
-    c.g.DrawMode(2);
+    c.draw(6, {{0, 20}});
     const RecordingSurface &b = c.box;
 
     // Step 20 / 4 = 5: three labels, the first reading 15 at the top.
@@ -166,19 +170,17 @@ TEST(Trazar, AutomaticLabelsStartOneStepBelowTheTop)
 TEST(Trazar, CandlesWearTheColourOfTheDayBefore)
 {
     Chart c;
-    c.g.graphtype(7);
     for (int s = 4; s <= 7; ++s)
         c.g.ColorLinea(s, 1000 + s);
     // close, high, low, three unused, one more, the body's other end
-    c.fill({{10, 12, 11},
-            {12, 13, 12},
-            {9, 10, 10.5},
-            {0, 0, 0},
-            {0, 0, 0},
-            {0, 0, 0},
-            {1, 2, 3},
-            {11, 10, 12}});
-    c.g.DrawMode(2);
+    c.draw(7, {{10, 12, 11},
+               {12, 13, 12},
+               {9, 10, 10.5},
+               {0, 0, 0},
+               {0, 0, 0},
+               {0, 0, 0},
+               {1, 2, 3},
+               {11, 10, 12}});
     const RecordingSurface &b = c.box;
 
     EXPECT_EQ(segs(b, Kind::FilledBox),
@@ -199,10 +201,8 @@ TEST(Trazar, CandlesWearTheColourOfTheDayBefore)
 TEST(Trazar, BarsFromZeroWithADarkerOutline)
 {
     Chart c;
-    c.g.graphtype(3);
     c.g.ColorLinea(1, 16724787);
-    c.fill({{5, 8, 3}});
-    c.g.DrawMode(2);
+    c.draw(3, {{5, 8, 3}});
     const RecordingSurface &b = c.box;
     EXPECT_EQ(segs(b, Kind::FilledBox),
               (std::vector<Seg>{{0, 0, 500, 8, 16724787}, {500, 0, 1000, 3, 16724787}}));
@@ -264,9 +264,7 @@ TEST(Trazar, EdgeCasesOfRangeAndPoints)
 TEST(Trazar, EqualTopAndBottomLeavesTheHeight)
 {
     Chart c;
-    c.g.graphtype(6);
-    c.fill({{0, 0}});
-    c.g.DrawMode(2);
+    c.draw(6, {{0, 0}});
     EXPECT_TRUE(c.box.callsOf(Kind::ScaleHeight).empty());
     EXPECT_EQ(c.box.scaleHeight(), 1000.f); // what the box had
     EXPECT_EQ(gridYs(c.box), (std::vector<float>{0, 0}));
@@ -299,10 +297,7 @@ TEST(Trazar, AFailingStepCostsOnlyThatStep)
     c.g.DrawMode(2);
     auto lines = plotLines(c.box);
     // Only the step from 3 to 4 survives: 1e300 is past single precision.
-    int drawn255 = 0;
-    for (const Seg &s : lines)
-        drawn255 += s.colour == 255;
-    EXPECT_EQ(drawn255, 1);
+    EXPECT_EQ(std::count_if(lines.begin(), lines.end(), [](const Seg &s) { return s.colour == 255; }), 1);
     EXPECT_EQ(c.box.foreColor(), 12);
     EXPECT_EQ(c.g.YAxisMax(), 0);
 }
@@ -326,9 +321,7 @@ TEST(LineaHorizontal, LabelCentredOnTheLine)
     for (bool log : {false, true}) {
         Chart c;
         c.log = log;
-        c.g.graphtype(6);
-        c.fill({{10, 20}});
-        c.g.DrawMode(2);
+        c.draw(6, {{10, 20}});
         c.box.forget();
         const double y = log ? std::log10(12.5) : 12.5;
         c.g.LineaHorizontal(y);
