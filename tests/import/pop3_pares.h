@@ -15,17 +15,12 @@ namespace tesorel::testing::correo
 // A message as the server sends it for RETR: dot-stuffed, CR LF lines.
 inline QByteArray enLinea(QByteArray mensaje)
 {
-    mensaje.replace("\r\n", "\n").replace("\n", "\r\n");
-    QByteArray out;
-    for (const QByteArray &l : mensaje.split('\n')) {
-        if (l.startsWith('.'))
-            out += '.';
-        out += l + '\n';
-    }
-    out.chop(1);
-    if (!out.endsWith("\r\n"))
-        out += "\r\n";
-    return out;
+    mensaje.replace("\r\n", "\n").replace("\n.", "\n..");
+    if (mensaje.startsWith('.'))
+        mensaje.prepend('.');
+    if (!mensaje.endsWith('\n'))
+        mensaje += '\n';
+    return mensaje.replace("\n", "\r\n");
 }
 
 class PeerPop3
