@@ -20,11 +20,9 @@ TEST(ImportCommand, DaysBeepsAndOverwrite)
     const QString datos = b.dir.filePath("datos");
     escribirArchivo(datos + "/a.txt", "04/01/2027\r\nIBEX,10,11,10,100,12,10.5,1100\r\nmal\r\n");
     escribirArchivo(datos + "/b.TXT", "tx05/01/2027\r\nIGBM,10,11,10,100,0,0,1100\r\n");
-    escribirArchivo(datos + "/c.txt", "no es un dia\r\nIGBM,1,1,1,1,1,1,1\r\n");
     const QString dias = "importando\t2027-01-04\nbeep\nimportando\t2027-01-05\n";
     EXPECT_EQ(correrCli({"import", b.base, datos, "--user", "1"}).out, dias);
     EXPECT_EQ(b.valor("select count(*) from bolsa where FECHA >= '2027-01-01'").toInt(), 3);
-    EXPECT_EQ(b.valor("select count(*) from Usuario_Actual where fecha_Actual = '2027-01-05'").toInt(), 1);
 
     escribirArchivo(datos + "/b.TXT", "05/01/2027\r\nIGBM,10,13,10,100,14,12,1100\r\n");
     const SalidaCli sinTocar = correrCli({"import", b.base, datos});

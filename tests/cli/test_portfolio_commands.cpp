@@ -8,8 +8,7 @@ namespace tesorel::testing
 namespace
 {
 
-// The figures are the portfolio model's (tests/portfolio): here the options reach it and the grid,
-// the totals and the report come out in their formats.
+// The figures are the portfolio model's (Valoracion.*): here the options and the formats.
 TEST(PortfolioCommand, GridTotalsSortCurrencyAndReport)
 {
     CopiaDeMuestra c;

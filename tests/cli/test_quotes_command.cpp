@@ -7,8 +7,7 @@ namespace tesorel::testing
 namespace
 {
 
-// What each set, day and order holds is the quotes model's (tests/market): here each option reaches
-// it, the rows come out with their nine cells and the three counts close the output.
+// What each option selects is the quotes model's (CotizacionesTest.*): here options and formats.
 TEST(QuotesCommand, OptionsRowsAndCounts)
 {
     struct Caso {

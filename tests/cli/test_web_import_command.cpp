@@ -2,7 +2,6 @@
 // serve files, source 2 is a port where nothing listens.
 #include "sample_base.h"
 
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 namespace tesorel::testing

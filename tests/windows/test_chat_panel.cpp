@@ -1,9 +1,6 @@
 // The chat panel driven through its widgets offscreen.
-#include <gtest/gtest.h>
 
-#include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QPushButton>
 
 #include "support/test_base.h"
 #include "test_principal_support.h"

@@ -1,12 +1,5 @@
-#include <gtest/gtest.h>
-
 #include <QAction>
-#include <QCheckBox>
-#include <QLabel>
-#include <QListWidget>
 #include <QMenu>
-#include <QMenuBar>
-#include <QPushButton>
 
 #include "core/nombres_comandos.h"
 #include "store/database.h"

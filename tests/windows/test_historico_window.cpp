@@ -1,12 +1,6 @@
-#include <gtest/gtest.h>
-
-#include <QComboBox>
-#include <QPushButton>
 #include <QRadioButton>
-#include <QTabBar>
 #include <QTableWidget>
 
-#include "store/query.h"
 #include "windows/test_principal_support.h"
 
 using namespace tesorel;
@@ -15,8 +9,7 @@ using namespace tesorel::testing;
 namespace
 {
 
-struct HistoricoVentana : VentanaDemo {
-};
+using HistoricoVentana = VentanaDemo;
 
 QString celda(QTableWidget *t, int fila, int columna)
 {
@@ -55,9 +48,7 @@ TEST_F(HistoricoVentana, SortsEditsALineAndDeletesAnother)
     EXPECT_GT(filas, 2);
     EXPECT_FALSE(primeraPorValor.isEmpty());
     EXPECT_TRUE(descripcion.contains(": Compra de 250 ")) << descripcion.toStdString();
-    Query q(*s->Base_Datos, "select count(*) from historico where Cantidad = 250");
-    ASSERT_TRUE(q.next());
-    EXPECT_EQ(q.number(0), 1);
+    EXPECT_EQ(consulta(*s, "select count(*) from historico where Cantidad = 250").toInt(), 1);
 }
 
 TEST_F(HistoricoVentana, ADoubleClickOnTheTabsOpensTheLedger)

@@ -2,9 +2,6 @@
 // keeps silent the window repaints and answers clicks, and "cerrar" closes it.
 #include "test_principal_support.h"
 
-#include <QLabel>
-#include <QPushButton>
-
 #include "import/import_correo.h"
 #include "import/pop3_pares.h"
 #include "support/test_base.h"
@@ -25,7 +22,6 @@ TEST(VentanaCorreo, SinRespuestaSigueVivaYCierraConCerrar)
                                     : correo::PeerPop3::Respuesta{{"+OK\r\n"}};
     };
     ImportCorreoDialog ventana(sp.s);
-    EXPECT_EQ(ventana.windowTitle(), "Pop Check.");
     ventana.modelo().txtHost = peer.host();
     ventana.modelo().txtUserName = "demo";
     ventana.modelo().txtPassword = "x";
@@ -51,7 +47,6 @@ TEST(VentanaCorreo, SinRespuestaSigueVivaYCierraConCerrar)
     EXPECT_LT(t.elapsed(), 5000);
     EXPECT_TRUE(esperaVisible);
     EXPECT_TRUE(ventana.modelo().Descargado);
-    EXPECT_EQ(ventana.modelo().estado(), ImportCorreo::UsuarioEnviado);
     EXPECT_EQ(peer.recibidos, QList<QByteArray>({"USER demo"}));
     EXPECT_TRUE(sp.ui.messages.empty());
 }

@@ -1,16 +1,6 @@
-#include <gtest/gtest.h>
-
-#include <QApplication>
 #include <QDir>
-#include <QFile>
-#include <QKeyEvent>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QPushButton>
 
-#include "principal/comandos.h"
 #include "store/helpers.h"
-#include "store/query.h"
 #include "support/test_base.h"
 #include "windows/empresas_dialogs.h"
 #include "windows/importar_dialog.h"
@@ -35,11 +25,7 @@ struct VentanasImportacion : ::testing::Test {
             "INSERT INTO Usuario_Actual (USUARIO_ACTUAL, fecha_Actual) VALUES (1, '2000-01-01')");
         Abrir_Empresas(s);
     }
-    QString texto(const QString &sql)
-    {
-        Query q(*s.Base_Datos, sql);
-        return q.next() ? q.text(0) : QString("<none>");
-    }
+    QString texto(const QString &sql) { return consulta(s, sql).toString(); }
 };
 
 TEST_F(VentanasImportacion, AddEmpresaTypesCapitalsAndAddsTheRow)

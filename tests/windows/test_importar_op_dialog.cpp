@@ -2,9 +2,7 @@
 // typed during the wait is what gets booked.
 #include "test_principal_support.h"
 
-#include <QCheckBox>
 #include <QComboBox>
-#include <QPushButton>
 #include <QTableWidget>
 
 #include "store/helpers.h"
@@ -53,9 +51,7 @@ TEST(VentanaImportarOp, CeldaEditadaEnLaEsperaSeApunta)
     reloj.start(20);
     ventana.exec();
     EXPECT_EQ(ventana.modelo().Valor, "Importación finalizada");
-    Query q(*sp.s.Base_Datos, "select Cantidad from cartera where VALOR = 1");
-    ASSERT_TRUE(q.next());
-    EXPECT_EQ(q.number(0), 100);
+    EXPECT_EQ(consulta(sp.s, "select Cantidad from cartera where VALOR = 1").toDouble(), 100);
     EXPECT_TRUE(sp.ui.messages.empty());
 }
 

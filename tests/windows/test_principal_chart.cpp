@@ -1,21 +1,8 @@
-#include <gtest/gtest.h>
-
 #include <QAction>
-#include <QFile>
 #include <QImage>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QPushButton>
-#include <QTabBar>
-#include <QTemporaryDir>
 
 #include "charts/chart_interaction.h"
-#include "principal/comandos.h"
-#include "store/session.h"
-#include "store/ui.h"
 #include "windows/principal_charts.h"
-#include "windows/principal_window.h"
 #include "windows/test_principal_support.h"
 
 using namespace tesorel;

@@ -8,10 +8,13 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QPushButton>
+#include <QTabBar>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QToolButton>
@@ -19,6 +22,7 @@
 #include <memory>
 
 #include "principal/comandos.h"
+#include "store/query.h"
 #include "store/session.h"
 #include "store/ui.h"
 #include "windows/enlace_widget.h"
@@ -184,6 +188,13 @@ inline void capturar(QWidget *ventana, const QString &nombre)
     const QString carpeta = qEnvironmentVariable("TESOREL_CAPTURAS");
     if (!carpeta.isEmpty())
         ventana->grab().save(carpeta + u'/' + nombre + QStringLiteral(".png"));
+}
+
+// The first cell of a statement on the session's base, null when it gives no row.
+inline QVariant consulta(Session &s, const QString &sql)
+{
+    Query q(*s.Base_Datos, sql);
+    return q.next() ? q.value(0) : QVariant();
 }
 
 // Types a text key by key, as a person does.

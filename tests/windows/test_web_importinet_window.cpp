@@ -1,13 +1,10 @@
-// The web import window on screen: it runs once shown, fills its lists,
-// and its button stops a run that waits on a silent server.
+// The web import window on screen: its button stops a run that waits on a silent server; opened
+// from the main window it runs once shown and fills its lists.
 #include "windows/test_principal_support.h"
 
-#include <QLabel>
 #include <QProgressBar>
-#include <QPushButton>
 
 #include "import/web_servidor.h"
-#include "store/recordset.h"
 #include "support/esperar.h"
 #include "support/test_base.h"
 #include "windows/importinet_dialog.h"
@@ -28,34 +25,6 @@ struct VentanaWeb : ::testing::Test {
     }
 };
 
-TEST_F(VentanaWeb, RunsWhenShownAndShowsItsLists)
-{
-    ServidorWeb fuente;
-    fuente.rutas["/cierres/240305.txt"] = {"SAN,20240305,4,4.3,4,4.2,1000\r\n"};
-    p.s.hoyFijo = QDate(2024, 3, 6);
-    FuentesCierres f;
-    f.bases = {fuente.base(), ServidorWeb::puertoCerrado(), ServidorWeb::puertoCerrado()};
-    int importar = 0;
-    Importinet::Acciones a;
-    a.Importar = [&] { ++importar; };
-    ImportinetDialog v(p.s, f, a);
-    v.show();
-    esperarA([&] { return hijo<QPushButton>(&v, "Command1")->text() == "Aceptar"; });
-
-    EXPECT_EQ(hijo<QLabel>(&v, "Label1")->text(), Importinet::TextoFin);
-    EXPECT_EQ(hijo<QProgressBar>(&v, "Shape1")->value(), Importinet::Shape1_Width);
-    EXPECT_EQ(hijo<QListWidget>(&v, "Ok")->item(0)->text(), "05/03/2024");
-    EXPECT_EQ(hijo<QListWidget>(&v, "fallo")->item(0)->text(), "04/03/2024");
-    EXPECT_FALSE(hijo<QWidget>(&v, "Ok")->isVisible());
-    EXPECT_FALSE(hijo<QWidget>(&v, "Manual")->isVisible());
-    hijo<QPushButton>(&v, "Label4")->click();
-    EXPECT_TRUE(hijo<QWidget>(&v, "Ok")->isVisible());
-    hijo<QPushButton>(&v, "Importar")->click();
-    EXPECT_EQ(importar, 1);
-    hijo<QPushButton>(&v, "Command1")->click();
-    EXPECT_FALSE(v.isVisible());
-}
-
 TEST_F(VentanaWeb, CancelarStopsTheRunAfterTheRequestUnderWay)
 {
     ServidorWeb silencioso;
@@ -72,16 +41,20 @@ TEST_F(VentanaWeb, CancelarStopsTheRunAfterTheRequestUnderWay)
     EXPECT_EQ(silencioso.pedidos.size(), 1); // the two days after it were never asked for
 }
 
-// The main window's Importar button on a base whose last day is past:
-// the window works through the days served on loopback and they reach bolsa.
+// The main window's Importar button on a base whose last day is past: the window runs once shown,
+// shows its lists, offers the import of files, and the days served on loopback reach bolsa.
 struct ImportarDesdeLaPrincipal : VentanaDemo {
+    int importar = 0;
+    void antesDeEntrar() override
+    {
+        comandos.registrar("Importar", [this] { ++importar; });
+    }
 };
 
 TEST_F(ImportarDesdeLaPrincipal, TheNewDaysReachTheBase)
 {
     ServidorWeb fuente;
-    const QDate ultimo =
-        s->Base_Datos->openRecordset("Select max(FECHA) as f from bolsa")->field("f").toDate();
+    const QDate ultimo = consulta(*s, "select max(FECHA) from bolsa").toDate();
     const QDate nuevo = ultimo.addDays(1);
     fuente.rutas["/cierres/" + nuevo.toString("yyMMdd").toLatin1() + ".txt"] = {
         "IBEX," + nuevo.toString("yyyyMMdd").toLatin1() + ",1,12000,11900,11950,100\r\n"};
@@ -93,7 +66,7 @@ TEST_F(ImportarDesdeLaPrincipal, TheNewDaysReachTheBase)
     ini.close();
     s->hoyFijo = ultimo.addDays(2);
 
-    QStringList ok;
+    QStringList ok, fallo;
     Guion guion;
     QTimer mira;
     // The run goes on under the window's own events: the test looks in now and then.
@@ -102,9 +75,18 @@ TEST_F(ImportarDesdeLaPrincipal, TheNewDaysReachTheBase)
             if (hijo<QPushButton>(v, "Command1")->text() != "Aceptar")
                 return;
             mira.stop();
-            auto *lista = hijo<QListWidget>(v, "Ok");
-            for (int i = 0; i < lista->count(); ++i)
-                ok << lista->item(i)->text();
+            EXPECT_EQ(hijo<QLabel>(v, "Label1")->text(), Importinet::TextoFin);
+            EXPECT_EQ(hijo<QProgressBar>(v, "Shape1")->value(), Importinet::Shape1_Width);
+            EXPECT_FALSE(hijo<QWidget>(v, "Ok")->isVisible());
+            EXPECT_FALSE(hijo<QWidget>(v, "Manual")->isVisible());
+            hijo<QPushButton>(v, "Label4")->click();
+            EXPECT_TRUE(hijo<QWidget>(v, "Ok")->isVisible());
+            for (const char *nombre : {"Ok", "fallo"}) {
+                auto *lista = hijo<QListWidget>(v, nombre);
+                for (int i = 0; i < lista->count(); ++i)
+                    (lista->objectName() == "Ok" ? ok : fallo) << lista->item(i)->text();
+            }
+            hijo<QPushButton>(v, "Importar")->click();
             hijo<QPushButton>(v, "Command1")->click();
         });
         mira.start(20);
@@ -112,9 +94,9 @@ TEST_F(ImportarDesdeLaPrincipal, TheNewDaysReachTheBase)
     hijo<QAbstractButton>(ventana.get(), "boton_Importar")->click();
     EXPECT_TRUE(guion.terminado()) << guion.vistas.join(",").toStdString();
     EXPECT_EQ(ok, QStringList({nuevo.toString("dd/MM/yyyy")}));
-    auto fechas = s->Base_Datos->openRecordset("Select * from Fechas Order by Fecha");
-    fechas->MoveLast();
-    EXPECT_EQ(fechas->field("Fecha").toDate(), nuevo);
+    EXPECT_EQ(fallo, QStringList({ultimo.toString("dd/MM/yyyy")}));
+    EXPECT_EQ(importar, 1);
+    EXPECT_EQ(consulta(*s, "select max(Fecha) from Fechas").toDate(), nuevo);
 }
 
 } // namespace
