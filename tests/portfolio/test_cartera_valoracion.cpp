@@ -1,8 +1,13 @@
 #include "booking_fixture.h"
 
 #include <QFile>
+#include <QTemporaryDir>
 
+#include "../core/fallo.h"
+#include "core/texto_1252.h"
 #include "portfolio/cartera_valoracion.h"
+#include "portfolio/informe_html.h"
+#include "portfolio/modif_cartera.h"
 
 namespace tesorel::testing
 {
@@ -71,7 +76,6 @@ TEST_F(Valoracion, APositionValuedInEurosAndPesetas)
     EXPECT_NE(ventana.LabelDif_ForeColor, 0);
 
     ventana.setMoneda("P");
-    EXPECT_TRUE(ventana.pesetas);
     EXPECT_EQ(ventana.filas[0].ValorActual, "  199.663 ");
     EXPECT_EQ(ventana.Label1_1400, "199.663 ");
     ventana.setMoneda("X");
@@ -175,6 +179,30 @@ TEST_F(Valoracion, TheHubOpensItsWindowsAndRebuildsAfterEach)
     EXPECT_EQ(abiertas.back(), "ModifCartera");
 }
 
+// The report files: Windows-1252 text, and an unwritable folder.
+TEST(InformeHtml, TextInWindows1252)
+{
+    const struct {
+        QString texto;
+        QByteArray bytes;
+    } casos[] = {
+        {QStringLiteral("compré"), QByteArray("compr\xe9")},
+        {QStringLiteral("vendí 1€ – ñ"), QByteArray("vend\xed 1\x80 \x96 \xf1")},
+        {QStringLiteral("漢"), QByteArray("?")},
+    };
+    for (const auto &c : casos)
+        EXPECT_EQ(a1252(c.texto), c.bytes) << c.texto.toStdString();
+}
+
+TEST(InformeHtml, AnUnwritableFolderFailsAtOpenAndAtEachWrite)
+{
+    QTemporaryDir dir;
+    const QString ruta = dir.path() + "/no/existe/r.htm";
+    EXPECT_EQ(falloDe([&] { InformeHtml f(ruta); }).numero, 75);
+    InformeHtml cerrado;
+    EXPECT_EQ(falloDe([&] { cerrado.linea(QStringLiteral("x")); }).numero, 52);
+}
+
 // The report cartera.htm, read back as lines without their CR LF.
 struct InformeCartera : Valoracion {
     void SetUp() override
@@ -245,6 +273,59 @@ TEST_F(InformeCartera, CopiesTheCellsInTheCurrencyOnShow)
     const QByteArrayList encima = informe();
     ASSERT_TRUE(QFile::remove(s.carpeta + "/cartera.htm"));
     EXPECT_EQ(informe(), encima);
+}
+
+// The position editor opened on BETA.
+struct Editor : Valoracion {
+    int cierres = 0;
+    ModifCartera editor{s, [this] { ++cierres; }};
+    void SetUp() override
+    {
+        Valoracion::SetUp();
+        posicion(1, 100, 10, 1006, QDate(2024, 3, 1));
+        posicion(2, 5, 20, 101, QDate(2024, 3, 2));
+        apunte(2, QDate(2024, 3, 2), 5, 101);
+        s.Valor_Cartera_Edicion = 2;
+    }
+};
+
+TEST_F(Editor, OpensOnThePositionBrowsesAndSaves)
+{
+    editor.Form_Load();
+    EXPECT_EQ(editor.Valor, "BETA");
+    EXPECT_EQ(editor.Cantidad, "5");
+    EXPECT_EQ(editor.FechaCompra, "02/03/2024");
+    editor.Label5_Click();
+    EXPECT_EQ(editor.Valor, "ALFA");
+    editor.Label5_Click(); // before the first: zeros
+    EXPECT_EQ(editor.Cantidad, "0");
+    editor.Label4_Click();
+    editor.Label4_Click();
+    editor.Cantidad = "7";
+    editor.PrecioCompra = "19,5";
+    editor.FechaCompra = "05/03/2024";
+    editor.Aceptar_Click();
+    EXPECT_EQ(cierres, 1);
+    EXPECT_EQ(numero("select Cantidad from cartera where valor = 2"), 7);
+    EXPECT_EQ(numero("select Precio_Compra from cartera where valor = 2"), 19.5);
+    EXPECT_EQ(numero("select count(*) from cartera where valor = 2 and Fecha_Compra = '2024-03-05'"), 1);
+    EXPECT_EQ(numero("select Cantidad from historico where valor = 2"), 5) << "the ledger is not touched";
+}
+
+TEST_F(Editor, DeletesOnlyWhenConfirmed)
+{
+    editor.Form_Load();
+    struct Caso {
+        int respuesta;
+        double quedan;
+    } casos[] = {{mb::No, 2}, {mb::Yes, 1}};
+    for (const auto &c : casos) {
+        ui.answers.push_back(c.respuesta);
+        editor.Eliminar_Click();
+        EXPECT_EQ(numero("select count(*) from cartera"), c.quedan);
+    }
+    EXPECT_EQ(ui.messages[0].prompt, "¿Desea Eliminar BETA de su Cartera?");
+    EXPECT_EQ(numero("select count(*) from historico"), 1);
 }
 
 } // namespace

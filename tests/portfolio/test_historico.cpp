@@ -2,6 +2,7 @@
 #include "core/numbers.h"
 #include "portfolio/historico.h"
 #include "portfolio/modif_historico.h"
+#include "store/historico_lectura.h"
 #include "store/recordset.h"
 
 #include <QDir>
@@ -84,6 +85,19 @@ TEST_F(LedgerFixture, RowsReadAsSentencesAndFiltersOutliveSortChanges)
         p.accion();
         EXPECT_EQ(primeras(), p.filas);
     }
+}
+
+TEST_F(LedgerFixture, TheReaderTakesAUsersValueByDateThenAsWritten)
+{
+    linea(7, -5, 4, 1, 1, QDate(2005, 3, 1), -5); // the day of a purchase, written after it
+    const auto lineas = leerHistorico(db, 1, 7.0);
+    std::vector<double> totales;
+    for (const auto &l : lineas)
+        totales.push_back(l.total);
+    EXPECT_EQ(totales, (std::vector<double>{10, 1006.35, -5, -470.5}));
+    EXPECT_EQ(lineas[2].fecha, QDate(2005, 3, 1));
+    EXPECT_EQ(lineas[2].operacion, "texto");
+    EXPECT_EQ(leerHistorico(db, 1).size(), 5u);
 }
 
 TEST_F(LedgerFixture, DeletingOneOrAllShownAsksFirst)
