@@ -114,7 +114,7 @@ TEST_F(EnlaceTest, AClickOrReturnInTheListChoosesOnce)
     EXPECT_EQ(eventos.size(), 1u);
 
     e.Flecha_Click();
-    e.setListindex(9); // outside the list: none
+    e.setListindex(5); // one past the last entry: none
     EXPECT_EQ(e.Listindex(), -1);
     e.setListindex(3);
     eventos.clear();
