@@ -1,7 +1,10 @@
 #include "windows/principal_charts.h"
 
+#include <QCheckBox>
 #include <QGuiApplication>
 #include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
 #include <QScreen>
 #include <QWidget>
 #include <algorithm>
@@ -47,9 +50,28 @@ ChartView *GraficasVentana::vista(int i, QWidget *padre)
     return v;
 }
 
+QPlainTextEdit *GraficasVentana::textoOperaciones(QWidget *padre)
+{
+    texto_ = new QPlainTextEdit(padre);
+    texto_->setObjectName("Operaciones");
+    texto_->setReadOnly(true);
+    return texto_;
+}
+
+void GraficasVentana::controlesOperaciones(QPushButton *compraVen, QCheckBox *mostrarOperaciones)
+{
+    compraVen_ = compraVen;
+    mostrar_ = mostrarOperaciones;
+}
+
 void GraficasVentana::registrar(Comandos &comandos)
 {
     comandos.registrar(comando::DibujarGrafica, [this] { dibujar(); });
+    // Opening the "Operaciones" tab lists the value's operations.
+    comandos.registrar(comando::VerOperaciones, [this] {
+        s_.paso([&] { operaciones.VerOperaciones(modelo_.Codigo_Valor()); });
+        mostrarOperaciones();
+    });
     comandos.registrar(comando::QuitarVerOperaciones, [this] {
         operaciones.QuitarVerOperaciones();
         repintar();
@@ -96,6 +118,16 @@ void GraficasVentana::mostrarEtiquetas()
         }
     }
     repintar();
+}
+
+void GraficasVentana::mostrarOperaciones()
+{
+    if (texto_)
+        texto_->setPlainText(operaciones.Operaciones);
+    if (compraVen_)
+        compraVen_->setVisible(operaciones.CompraVenVisible);
+    if (mostrar_)
+        mostrar_->setVisible(operaciones.MostrarOperacionesVisible);
 }
 
 void GraficasVentana::repintar()

@@ -313,7 +313,10 @@ QWidget *PrincipalWindow::construirGraficas()
     auto *capaIndicador = new QVBoxLayout(indicadores);
     capaIndicador->setContentsMargins(0, 0, 0, 0);
     capaIndicador->addWidget(graficas_->vista(3, indicadores));
-    pagina(QStringLiteral("pestaña_6"));
+    auto *operaciones = pagina(QStringLiteral("pestaña_6"));
+    auto *capaOperaciones = new QVBoxLayout(operaciones);
+    capaOperaciones->setContentsMargins(0, 0, 0, 0);
+    capaOperaciones->addWidget(graficas_->textoOperaciones(operaciones));
     pagina(QStringLiteral("pestaña_7"));
     auto *marcoChat = pagina("MarcoChat");
     (new QVBoxLayout(marcoChat))
@@ -371,6 +374,15 @@ QFrame *PrincipalWindow::construirPanelConfiguracion()
     };
     Candle_ = tick("Candle", QStringLiteral("Velas"));
     MostrarOperaciones_ = tick("MostrarOperaciones", QStringLiteral("Operaciones"));
+    // Shown once the "Operaciones" tab has found operations; it opens that tab.
+    auto *compraVen = crearBoton("CompraVen", QStringLiteral("(Ver Operaciones)"), panel);
+    compraVen->setFlat(true);
+    compraVen->hide();
+    fila->addWidget(compraVen);
+    connect(compraVen, &QPushButton::clicked, this,
+            [this] { alPulsar([this] { graficas_->operaciones.CompraVen_Click(); }); });
+    graficas_->operaciones.pulsarPestana = [this](int pestana) { modelo_.Pestanas_Click(pestana); };
+    graficas_->controlesOperaciones(compraVen, MostrarOperaciones_);
     Logaritmica_ = tick("Logaritmica", QStringLiteral("Logarítmica"));
     Splita_ = tick("Splita", QStringLiteral("Splits"));
     connect(Candle_, &QCheckBox::clicked, this, [this] { alPulsar([this] { modelo_.Candle_Click(); }); });

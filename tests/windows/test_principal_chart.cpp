@@ -1,5 +1,6 @@
 #include <QAction>
 #include <QImage>
+#include <QPlainTextEdit>
 
 #include "charts/chart_interaction.h"
 #include "windows/principal_charts.h"
@@ -78,6 +79,26 @@ TEST_F(Grafica, ZoomTabsAndMeasuring)
     const InteraccionGrafica &medir = ventana->graficas().interaccion;
     EXPECT_FALSE(medir.Inicio.caption.isEmpty());
     EXPECT_FALSE(medir.Fin.caption.isEmpty());
+    EXPECT_TRUE(ui.messages.empty());
+}
+
+TEST_F(Grafica, TheOperationsTabListsTheValuesLedgerAndItsButtonOpensIt)
+{
+    elegir("SANTANDER");
+    auto *compraVen = hijo<QPushButton>(ventana.get(), "CompraVen");
+    EXPECT_TRUE(compraVen->isHidden());
+    hijo<QTabBar>(ventana.get(), QStringLiteral("Pestañas"))->setCurrentIndex(6);
+    const QString texto = hijo<QPlainTextEdit>(ventana.get(), "Operaciones")->toPlainText();
+    EXPECT_EQ(texto.count(QStringLiteral("SANTANDER")), 2) << texto.toStdString();
+    EXPECT_TRUE(texto.endsWith(QStringLiteral("Quedan  500 compradas por  1341.5"))) << texto.toStdString();
+    EXPECT_FALSE(compraVen->isHidden());
+    EXPECT_FALSE(hijo<QWidget>(ventana.get(), "MostrarOperaciones")->isHidden());
+    capturar(ventana.get(), "principal_operaciones");
+
+    // From another tab the button opens the operations again.
+    hijo<QTabBar>(ventana.get(), QStringLiteral("Pestañas"))->setCurrentIndex(1);
+    compraVen->click();
+    EXPECT_EQ(ventana->modelo().pestanaAbierta, 6);
     EXPECT_TRUE(ui.messages.empty());
 }
 
