@@ -253,6 +253,11 @@ void Principal::Titulo_DblClick()
     comandos_.ejecutar(comando::form4);
 }
 
+void Principal::Pestanas_DblClick()
+{
+    comandos_.ejecutar(comando::Historico);
+}
+
 void Principal::List1_Click(int indice)
 {
     mercado.lista.List1.ListIndex = indice;

@@ -65,6 +65,8 @@ class Principal
     void menu_salir_Click();
     void menu_encierra_Click();
     void Titulo_DblClick();
+    // A double click on the tabs opens the ledger window.
+    void Pestanas_DblClick();
     // A click on the entry `indice` of List1 (-1: none selected).
     void List1_Click(int indice);
     void Valores_Click();

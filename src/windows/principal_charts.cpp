@@ -106,6 +106,9 @@ void GraficasVentana::dibujar()
 void GraficasVentana::mostrarEtiquetas()
 {
     const EtiquetasGrafica &e = grafica.etiquetas;
+    // A new title takes the measuring marks away.
+    if (e.Titulo.texto != modelo_.Titulo)
+        interaccion.Titulo_Change();
     modelo_.Titulo = e.Titulo.texto;
     if (auto *w = qobject_cast<PrincipalWindow *>(ventana_))
         w->pintarTitulo();

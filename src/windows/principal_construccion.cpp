@@ -332,6 +332,8 @@ QWidget *PrincipalWindow::construirGraficas()
         Pestanas_->addTab(caption);
     connect(Pestanas_, &QTabBar::currentChanged, this,
             [this](int indice) { alPulsar([&] { modelo_.Pestanas_Click(indice); }); });
+    connect(Pestanas_, &QTabBar::tabBarDoubleClicked, this,
+            [this] { alPulsar([this] { modelo_.Pestanas_DblClick(); }); });
     auto *filaPestanas = new QHBoxLayout;
     filaPestanas->setSpacing(4);
     filaPestanas->addWidget(Pestanas_);

@@ -38,7 +38,7 @@ struct Arranque : ::testing::Test, tesorel::testing::SesionDePrueba {
         // The lists, notes and favourites are the main window's own: only the
         // commands of other subsystems are recorded.
         for (const char *nombre : {"DefinirGraficas", "DibujarGrafica", "Importinet", "QuitarVerOperaciones",
-                                   "Yahoo", "VerOperaciones", "Generar_Serie_Cartera"})
+                                   "Yahoo", "VerOperaciones", "Generar_Serie_Cartera", "Historico"})
             comandos.registrar(nombre, [this, nombre] { pedidos << nombre; });
         comandos.registrar("NoHay", [this] {
             pedidos << "NoHay";
@@ -246,6 +246,8 @@ TEST_F(Arranque, TabsDispatchAndChooseTheIndicator)
     pedidos.clear();
     p->DibuGrafi3("Otro");
     EXPECT_TRUE(pedidos.isEmpty());
+    p->Pestanas_DblClick(); // the ledger window
+    EXPECT_EQ(pedidos, QStringList{"Historico"});
 }
 
 TEST_F(Arranque, ARegisteredTabProcedureTakesOverTheTabs)

@@ -79,6 +79,13 @@ TEST_F(Grafica, ZoomTabsAndMeasuring)
     const InteraccionGrafica &medir = ventana->graficas().interaccion;
     EXPECT_FALSE(medir.Inicio.caption.isEmpty());
     EXPECT_FALSE(medir.Fin.caption.isEmpty());
+    EXPECT_TRUE(medir.Inicio.visible && medir.Fin.visible && medir.Circulo2.visible);
+    // The marks stay through a redraw of the same value and go with a new title.
+    hijo<QPushButton>(ventana.get(), "Lupa_Mas")->click();
+    EXPECT_TRUE(medir.Inicio.visible);
+    elegir("REPSOL");
+    EXPECT_FALSE(medir.Inicio.visible || medir.Fin.visible || medir.Circulo1.visible ||
+                 medir.Circulo2.visible);
     EXPECT_TRUE(ui.messages.empty());
 }
 
