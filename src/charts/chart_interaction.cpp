@@ -1,6 +1,5 @@
 #include "charts/chart_interaction.h"
 
-#include "charts/chart_operations.h"
 #include "charts/price_chart.h"
 #include "charts/surface.h"
 #include "core/dates.h"
@@ -20,13 +19,7 @@
 namespace tesorel
 {
 
-const std::array<QString, 9> InteraccionGrafica::kPestanas = {
-    QStringLiteral("Noticias"),    QStringLiteral("Notas"),    QStringLiteral("MaCD"),
-    QStringLiteral("Rsi"),         QStringLiteral("Momentum"), QStringLiteral("Estocástico"),
-    QStringLiteral("Operaciones"), QStringLiteral("Inicio"),   QStringLiteral("Charla")};
-
-InteraccionGrafica::InteraccionGrafica(Session &s, GraficaPrincipal &g, OperacionesGrafica &o)
-    : s_(s), g_(g), o_(o)
+InteraccionGrafica::InteraccionGrafica(Session &s, GraficaPrincipal &g) : s_(s), g_(g)
 {
     Linea[0] = LineaGrafica{};
 }
@@ -156,69 +149,6 @@ void InteraccionGrafica::Lupa_menos_Click()
 {
     s_.Maximo_Dias_Sesion = lupaMenos(s_.Maximo_Dias_Sesion);
     g_.DibujarGrafica();
-}
-
-void InteraccionGrafica::Pestanas_Click(int i)
-{
-    // The four indicator tabs share the page where Picture3 lies.
-    if (i >= 2 && i <= 5)
-        paginaMarco = 2;
-    else if (i != 8)
-        paginaMarco = i;
-    MarcoChatVisible = i == 8;
-    if (i >= 0 && i < int(aspectoPestanas.size())) {
-        if (pestanaAnterior >= 0 && pestanaAnterior < int(aspectoPestanas.size()))
-            aspectoPestanas[pestanaAnterior] = Aspecto{};
-        aspectoPestanas[i] = Aspecto{8, 15389162};
-    }
-    pestanaAnterior = i;
-    s_.ui.DoEvents();
-    setPesta(QString::number(i));
-}
-
-void InteraccionGrafica::Pestanas_DblClick()
-{
-    if (abrirHistorico)
-        abrirHistorico();
-}
-
-void InteraccionGrafica::setPesta(const QString &texto)
-{
-    if (texto == Pesta)
-        return;
-    Pesta = texto;
-    Pesta_Change();
-}
-
-void InteraccionGrafica::Pesta_Change()
-{
-    const double n = Numero_Val(Pesta);
-    if (n == 0) {
-        if (noticias)
-            noticias();
-    } else if (n == 1) {
-        if (CargarComentario)
-            CargarComentario();
-    } else if (n >= 2 && n <= 5 && n == std::floor(n)) {
-        g_.DibuGrafi3(kPestanas[std::size_t(n)]);
-    } else if (n == 6) {
-        o_.VerOperaciones(g_.Codigo_Valor);
-    }
-}
-
-void InteraccionGrafica::Image1_DragDrop(const QString &origen)
-{
-    if (origen != QStringLiteral("Fecha_Fin"))
-        return;
-    const QDate dia = CDate(g_.etiquetas.Fecha_Fin.texto);
-    const QString fecha = Barra_A_Guion(Format(dia, QStringLiteral("mm-dd-yyyy")));
-    const int r = s_.ui.MsgBox(QStringLiteral("¿ Deseas borrar cotizaciones del día ") +
-                                   Format(dia, QStringLiteral("dd/mm/yyyy")) + QStringLiteral(" ?"),
-                               mb::YesNo + mb::Question, QStringLiteral("Atención"));
-    // All values lose that day; the chart keeps the old picture until redrawn.
-    if (r == mb::Yes)
-        s_.Base_Datos->execute(QStringLiteral("delete * from bolsa where [fecha] = #") + fecha +
-                               QStringLiteral("#"));
 }
 
 void InteraccionGrafica::setTiker(const QString &texto)

@@ -10,16 +10,15 @@ namespace tesorel
 {
 
 class GraficaPrincipal;
-class OperacionesGrafica;
 class Session;
 
 // What the user does to the price chart directly: measuring with the
-// mouse, the two zoom buttons, the tab strip, dropping the last date on
-// the waste bin, and the hidden export of a value's quotes.
+// mouse, the two zoom buttons, and the hidden export of a value's quotes.
+// The tabs and the waste bin are the main window's (principal/, market/).
 class InteraccionGrafica
 {
   public:
-    InteraccionGrafica(Session &s, GraficaPrincipal &g, OperacionesGrafica &o);
+    InteraccionGrafica(Session &s, GraficaPrincipal &g);
 
     // Buttons as the mouse events give them: 1 left, 2 right, 4 middle.
     static constexpr int kIzquierdo = 1, kDerecho = 2;
@@ -34,15 +33,6 @@ class InteraccionGrafica
     void Lupa_Mas_Click();
     void Lupa_menos_Click();
 
-    void Pestanas_Click(int i);
-    void Pestanas_DblClick();
-    // The one place that acts on a tab change: fired when Pesta's text changes.
-    void Pesta_Change();
-    void setPesta(const QString &texto);
-
-    // A drop of `origen` on the waste bin: deletes the day in Fecha_Fin.
-    void Image1_DragDrop(const QString &origen);
-
     // The hidden export: a change of Tiker's text (its tag is the code).
     void setTiker(const QString &texto);
     // Selects each of `entradas` entries of the list in turn and waits
@@ -55,24 +45,8 @@ class InteraccionGrafica
     EtiquetaGrafica Inicio, Fin;
     CirculoGrafica Circulo1, Circulo2;
 
-    // Tabs, as their index: captions, looks, the frame's page.
-    static const std::array<QString, 9> kPestanas;
-    struct Aspecto {
-        int texto = 7697781, fondo = 16445946; // closed
-    };
-    std::array<Aspecto, 9> aspectoPestanas{};
-    int paginaMarco = 0; // the page of Marco(1) that shows
-    bool MarcoChatVisible = false;
-    int pestanaAnterior = 0;
-    QString Pesta;
-
     QString Tiker = QStringLiteral("TIKER");
     double TikerTag = 0;
-
-    // What others own: news, the value's note, the history window.
-    std::function<void()> noticias;
-    std::function<void()> CargarComentario;
-    std::function<void()> abrirHistorico;
 
   private:
     void exportar(const QString &ticker);
@@ -80,7 +54,6 @@ class InteraccionGrafica
 
     Session &s_;
     GraficaPrincipal &g_;
-    OperacionesGrafica &o_;
 };
 
 } // namespace tesorel

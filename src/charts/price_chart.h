@@ -87,14 +87,6 @@ class GraficaPrincipal
     // the drawing unfinished and its guard set, as the window has always
     // behaved.
     void DibujarGrafica();
-    // "MaCD", "Rsi", "Momentum" or "Estocástico": chooses the indicator.
-    void DibuGrafi3(const QString &nombre);
-
-    // Click handlers; the tick has already changed in `controles`. The
-    // window must not echo the ticks these set back as clicks.
-    void Candle_Click();
-    void Check2_Click(int index);
-    void Logaritmica_Click();
 
     ControlesGrafica controles;
     EtiquetasGrafica etiquetas;
@@ -116,7 +108,6 @@ class GraficaPrincipal
   private:
     struct Recorrido;
     void cabecera();
-    int sumaVelas() const;
     // The steps of a drawing.
     void ventanaDeFechas(QDate &fechaInicio, double &primerCierre);
     double trazarRegistros(DetectorSplits &splits); // the last close drawn
@@ -129,7 +120,6 @@ class GraficaPrincipal
     Session &s_;
     RecordSeto cursor_;
     bool dibujando_ = false;
-    bool ignorarCheck2_ = false;
     int puntosEscritos_ = 0;
 };
 

@@ -1,5 +1,6 @@
 #include "principal/principal.h"
 
+#include "charts/indicators.h"
 #include "charts/price_chart.h"
 #include "core/nombres_comandos.h"
 #include "core/numbers.h"
@@ -369,10 +370,10 @@ void Principal::Pesta_Change()
 
 void Principal::DibuGrafi3(const QString &nombre)
 {
-    const int digito = Pestanas_Caption.indexOf(nombre) - 2;
-    if (digito < 0 || digito > 3)
+    const Indicador indicador = indicadorDeNombre(nombre);
+    if (indicador == Indicador::Ninguno)
         return;
-    config.Indicador_Actual = QString::number(digito);
+    config.Indicador_Actual = QString::number(int(indicador));
     dibujar();
 }
 

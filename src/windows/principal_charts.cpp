@@ -20,8 +20,7 @@ namespace tesorel
 {
 
 GraficasVentana::GraficasVentana(Session &s, Principal &modelo, QWidget *ventana)
-    : grafica(s), operaciones(s, grafica), interaccion(s, grafica, operaciones), s_(s), modelo_(modelo),
-      ventana_(ventana)
+    : grafica(s), operaciones(s, grafica), interaccion(s, grafica), s_(s), modelo_(modelo), ventana_(ventana)
 {
     // The window always fills the screen: the pictures get the pixels that
     // their share of it will have, so that the text is drawn at its size.

@@ -27,7 +27,7 @@ struct ChartFixture : SesionDePrueba {
     RecordingSurface p1, p2, p3;
     GraficaPrincipal g{s};
     OperacionesGrafica ops{s, g};
-    InteraccionGrafica inter{s, g, ops};
+    InteraccionGrafica inter{s, g};
 
     static constexpr double kValor = 7;
 

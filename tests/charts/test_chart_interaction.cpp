@@ -62,46 +62,6 @@ TEST(ChartInteraction, MeasuringWithTheMouse)
     EXPECT_EQ(f.inter.Inicio.caption, QStringLiteral("100,"));
 }
 
-TEST(ChartInteraction, TabsDispatch)
-{
-    ChartFixture f;
-    f.serie(7, 20);
-    int noticias = 0, notas = 0;
-    f.inter.noticias = [&] { ++noticias; };
-    f.inter.CargarComentario = [&] { ++notas; };
-    f.inter.Pestanas_Click(3);
-    EXPECT_EQ(f.g.controles.Indicador_Actual, QStringLiteral("1"));
-    EXPECT_EQ(f.inter.paginaMarco, 2);
-    EXPECT_EQ(f.inter.aspectoPestanas[3].fondo, 15389162);
-    f.inter.Pestanas_Click(0);
-    EXPECT_EQ(noticias, 1);
-    EXPECT_EQ(f.inter.aspectoPestanas[3].fondo, 16445946);
-    f.inter.Pestanas_Click(1);
-    EXPECT_EQ(notas, 1);
-    f.inter.Pestanas_Click(7);
-    EXPECT_EQ(f.inter.paginaMarco, 7);
-    f.inter.Pestanas_Click(8);
-    EXPECT_TRUE(f.inter.MarcoChatVisible);
-    EXPECT_EQ(f.inter.paginaMarco, 7);
-    f.inter.Pestanas_Click(6);
-    EXPECT_FALSE(f.inter.MarcoChatVisible);
-    EXPECT_FALSE(f.ops.CompraVenVisible);
-}
-
-TEST(ChartInteraction, DeletingTheLastDay)
-{
-    ChartFixture f;
-    f.serie(7, 3);
-    f.g.DibujarGrafica();
-    f.ui.answers = {mb::Yes};
-    f.inter.Image1_DragDrop(QStringLiteral("Fecha_Fin"));
-    ASSERT_EQ(f.ui.messages.size(), 1u);
-    EXPECT_EQ(f.ui.messages[0].prompt, QStringLiteral("¿ Deseas borrar cotizaciones del día 03/01/2024 ?"));
-    EXPECT_EQ(f.ui.messages[0].title, QStringLiteral("Atención"));
-    f.g.DibujarGrafica();
-    EXPECT_EQ(f.g.etiquetas.Fecha_Fin.texto, QStringLiteral("02/01/2024"));
-}
-
 TEST(ChartInteraction, TikerExport)
 {
     ChartFixture f;
@@ -110,8 +70,7 @@ TEST(ChartInteraction, TikerExport)
     Session s(f.ui, f.base.folder() + QStringLiteral("/app"));
     s.Base_Datos = f.base.db;
     GraficaPrincipal g(s);
-    OperacionesGrafica o(s, g);
-    InteraccionGrafica i(s, g, o);
+    InteraccionGrafica i(s, g);
     i.TikerTag = 7;
     EXPECT_THROW(i.setTiker(QStringLiteral("ACM")), RuntimeError); // no folder
     i.Tiker = QStringLiteral("TIKER");

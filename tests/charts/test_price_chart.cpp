@@ -190,41 +190,22 @@ TEST(PriceChart, FailureLeavesTheGuardSet)
     EXPECT_EQ(finales, 0);
 }
 
-TEST(PriceChart, CandleNeedsFourSeries)
-{
-    ChartFixture f;
-    f.serie(7, 3);
-    f.g.controles.Check2[1] = 0;
-    f.g.controles.Candle = 1;
-    f.g.Candle_Click();
-    EXPECT_EQ(f.g.controles.Check2[1], 1);
-    EXPECT_EQ(f.g.GraficaPrecio.graphtype(), 7);
-    f.g.controles.Check2[6] = 0;
-    f.g.Check2_Click(6);
-    EXPECT_EQ(f.g.controles.Candle, 0);
-    EXPECT_EQ(f.g.GraficaPrecio.graphtype(), 6);
-}
-
-TEST(PriceChart, IndicatorChosenByTab)
+TEST(PriceChart, TheIndicatorDigitChoosesWhatIsDrawnUnder)
 {
     ChartFixture f;
     f.serie(7, 20);
-    const std::pair<QString, double> casos[] = {{QStringLiteral("MaCD"), 2},
-                                                {QStringLiteral("Rsi"), 3},
-                                                {QStringLiteral("Momentum"), 1},
-                                                {QStringLiteral("Estocástico"), 4}};
+    const double series[] = {2, 3, 1, 4}; // MaCD, Rsi, Momentum, Estocástico
     for (int i = 0; i < 4; ++i) {
-        f.g.DibuGrafi3(casos[i].first);
-        EXPECT_EQ(f.g.controles.Indicador_Actual, QString::number(i));
-        EXPECT_EQ(f.g.GraficaIndicador.NumSets(), casos[i].second);
+        f.g.controles.Indicador_Actual = QString::number(i);
+        f.g.DibujarGrafica();
+        EXPECT_EQ(f.g.GraficaIndicador.NumSets(), series[i]) << i;
     }
     // Momentum: the change over the days seen, 14 at most.
-    f.g.DibuGrafi3(QStringLiteral("Momentum"));
+    f.g.controles.Indicador_Actual = QStringLiteral("2");
+    f.g.DibujarGrafica();
     EXPECT_EQ(f.g.GraficaIndicador.valor(1, 1), 0);
     EXPECT_EQ(f.g.GraficaIndicador.valor(1, 2), 1);
     EXPECT_EQ(f.g.GraficaIndicador.valor(1, 20), 14);
-    f.g.DibuGrafi3(QStringLiteral("Otro"));
-    EXPECT_EQ(f.g.controles.Indicador_Actual, QStringLiteral("2"));
 }
 
 TEST(Splits, FactorBand)
