@@ -25,7 +25,10 @@ TEST(GraficaData, GraphdataGrowsTheRange)
     } steps[] = {
         {1, 1, -3, 0, -3}, // point 1 sets the bottom to 0 first
         {2, 1, 4, 4, 0},   // and again for the next set: -3 is forgotten
-        {1, 2, 9, 9, 0},   {2, 2, -2, 9, -2}, {1, 3, 5, 9, -2},
+        {1, 2, 9, 9, 0},    {2, 2, -2, 9, -2},
+        {1, 3, 5, 9, -2},   {1, 1.4, -1, 9, -2}, // rounds to point 1 but is not exactly 1: the bottom stays
+        {1, 1.5, 3, 9, -2},                      // half to even: point 2
+        {2.5, 3, 4, 9, -2},                      // set 2
     };
     for (const Step &s : steps) {
         g.ThisSet(s.set);
@@ -34,7 +37,7 @@ TEST(GraficaData, GraphdataGrowsTheRange)
         g.Graphdata(v);
         EXPECT_EQ(g.YAxisMax(), s.max) << s.set << "," << s.point;
         EXPECT_EQ(g.YAxisMin(), s.min) << s.set << "," << s.point;
-        EXPECT_EQ(g.valor(s.set, s.point), s.value);
+        EXPECT_EQ(g.valor(std::nearbyint(s.set), std::nearbyint(s.point)), s.value);
     }
 }
 
@@ -145,37 +148,8 @@ TEST(GraficaData, IndicesOutOfRange)
     double v = 1000;
     EXPECT_EQ(errorOf([&] { lg.Graphdata(v); }), err::SubscriptOutOfRange);
     EXPECT_NEAR(v, 3, 1e-12);
-}
-
-// A fractional or bad cursor goes the rounded, checked way, not the
-// remembered slot of a whole in-range one.
-TEST(GraficaData, FractionalAndBadCursors)
-{
-    grafica g;
-    g.ThisSet(1);
-    g.ThisPoint(2);
-    double v = -8;
-    g.Graphdata(v); // the range now has a bottom of -8
-
-    g.ThisPoint(1.4); // rounds to point 1, but is not exactly point 1
-    v = -5;
-    g.Graphdata(v);
-    EXPECT_EQ(g.valor(1, 1), -5);
-    EXPECT_EQ(g.YAxisMin(), -8); // the bottom is not reset to 0 first
-
-    g.ThisPoint(1.5); // half to even: point 2
-    v = 3;
-    g.Graphdata(v);
-    EXPECT_EQ(g.valor(1, 2), 3);
-
-    g.ThisSet(2.5); // set 2
-    g.ThisPoint(3);
-    v = 4;
-    g.Graphdata(v);
-    EXPECT_EQ(g.valor(2, 3), 4);
-
     g.ThisSet(std::nan(""));
-    v = 1;
+    g.ThisPoint(1);
     EXPECT_NE(errorOf([&] { g.Graphdata(v); }), 0);
 }
 
@@ -219,6 +193,17 @@ TEST(GraficaData, PositionsToPoints)
     EXPECT_DOUBLE_EQ(g.QueNum(QDate(2006, 1, 11)), 0);
 }
 
+// Two points of three sets on `box`, point 1 of set 1 holding `primero`.
+void tresSeries(grafica &g, RecordingSurface &box, double primero)
+{
+    g.Picture(&box);
+    g.NumPoints(2);
+    g.NumSets(3);
+    g.ThisSet(1);
+    g.ThisPoint(1);
+    g.Graphdata(primero);
+}
+
 TEST(GraficaData, AnularSplit)
 {
     struct Case {
@@ -231,12 +216,7 @@ TEST(GraficaData, AnularSplit)
     for (const Case &c : cases) {
         RecordingSurface box;
         grafica g;
-        g.Picture(&box);
-        g.NumPoints(2);
-        g.NumSets(3);
-        g.ThisSet(1);
-        g.ThisPoint(1);
-        g.Graphdata(10);
+        tresSeries(g, box, 10);
         g.YAxisMax(40);
         g.YAxisMin(4);
         g.Split(c.split);
@@ -250,12 +230,7 @@ TEST(GraficaData, AnularSplit)
     // A division that overflows stops the walk at its set: point 1 of set 2.
     RecordingSurface box;
     grafica g;
-    g.Picture(&box);
-    g.NumPoints(2);
-    g.NumSets(3);
-    g.ThisPoint(1);
-    g.ThisSet(1);
-    g.Graphdata(1);
+    tresSeries(g, box, 1);
     g.ThisSet(2);
     g.Graphdata(1e300);
     g.Split(1e-300);
