@@ -128,24 +128,19 @@ TEST_F(MarketTest, TheFavouriteButtonTogglesAndRebuildsTheFollowedList)
     EXPECT_EQ(ui.beeps, 0);
 }
 
-TEST_F(MarketTest, TheFavouriteButtonOutsideTheFollowedListLeavesTheList)
+TEST_F(MarketTest, TheFavouriteButtonWithNeitherLabelBeepsAndOutsideTheFollowedListLeavesTheList)
 {
     nav->lista.ibex();
-    nav->seleccion.setText1("REPSOL");
-    nav->favoritos.Boton_Favorito_Click();
-    EXPECT_EQ(nav->lista.Titul, "Ibex");
-    EXPECT_EQ(textos().size(), 3);
-    EXPECT_EQ(cuenta("select count(*) from faboritos where valor = 12"), 1);
-}
-
-TEST_F(MarketTest, TheFavouriteButtonWithNeitherLabelShownBeeps)
-{
     nav->seleccion.setText1("REPSOL");
     nav->favoritos.Boton_Favorito = {false, false, false};
     nav->favoritos.Boton_Favorito_Click();
     EXPECT_EQ(ui.beeps, 1);
     EXPECT_EQ(cuenta("select count(*) from faboritos where valor = 12"), 0);
     EXPECT_TRUE(nav->favoritos.Boton_Favorito[0]); // set again for the value on show
+    nav->favoritos.Boton_Favorito_Click();
+    EXPECT_EQ(cuenta("select count(*) from faboritos where valor = 12"), 1);
+    EXPECT_EQ(nav->lista.Titul, "Ibex");
+    EXPECT_EQ(textos().size(), 3);
 }
 
 } // namespace

@@ -158,19 +158,13 @@ TEST_F(MarketTest, CategoriesGoRoundARingBothWays)
     EXPECT_TRUE(textos().isEmpty());
 }
 
-TEST_F(MarketTest, MismaCategoriaOnlyReplacesASearchResult)
+// A search result is replaced by its list on a selection (Selection.SelectingEmptiesTheSearch...).
+TEST_F(MarketTest, MismaCategoriaLeavesAListThatIsNoSearchResult)
 {
     nav->lista.ibex();
     nav->lista.List1.AddItem("añadido");
-    nav->lista.MismaCategoria(); // not a result: nothing happens
-    EXPECT_EQ(textos().size(), 4);
-
-    nav->busqueda.setBuscar("BANCO");
-    nav->busqueda.buscar_Return();
-    ASSERT_EQ(nav->lista.Titul, "Resultados");
     nav->lista.MismaCategoria();
-    EXPECT_EQ(nav->lista.Titul, "Ibex");
-    EXPECT_EQ(datos(), (QList<double>{10, 11, 13}));
+    EXPECT_EQ(textos().size(), 4);
 }
 
 class Categories : public MarketTest
@@ -179,24 +173,15 @@ class Categories : public MarketTest
     void SetUp() override
     {
         MarketTest::SetUp();
-        const char *rows[] = {
-            "insert into nombrecategorias values (0, 'Bancos')",
-            "insert into nombrecategorias values (0, '   ')",
-            "insert into nombrecategorias values (0, 'Energía')",
-            "insert into nombrecategorias values (1, 'Mías')",
-            "insert into nombrecategorias values (1, 'O''Neil')",
-            "insert into categoriastodo values (0, 'Bancos', 10)",
-            "insert into categoriastodo values (0, 'Bancos', 13)",
-            "insert into categoriastodo values (0, 'Energía', 12)",
-            "insert into categoriastodo values (0, 'Energía', 34001)",
-            "insert into categoriastodo values (1, 'Mías', 11)",
-        };
-        for (const char *row : rows)
-            base.db->execute(QString::fromUtf8(row));
+        base.db->executeNative(QStringLiteral(
+            "insert into nombrecategorias values (0, 'Bancos'), (0, '   '), (0, 'Energía'), (1, 'Mías'),"
+            " (1, 'O''Neil');"
+            "insert into categoriastodo values (0, 'Bancos', 10), (0, 'Bancos', 13), (0, 'Energía', 12),"
+            " (0, 'Energía', 34001), (1, 'Mías', 11);"));
     }
 };
 
-TEST_F(Categories, TheLastCategoryStaysAndTitleAndMarksDoNotMove)
+TEST_F(Categories, TheLastCategoryStaysAndTitleMarksAndRingDoNotMove)
 {
     nav->lista.ibex();
     nav->lista.menu_categorias_Globales_Click();
@@ -207,10 +192,8 @@ TEST_F(Categories, TheLastCategoryStaysAndTitleAndMarksDoNotMove)
     // The ring goes on from the last named list.
     nav->lista.SiguienteCategoria();
     EXPECT_EQ(nav->lista.Titul, "En Seguimiento");
-}
 
-TEST_F(Categories, AnApostropheLeavesTheListAsItWas)
-{
+    // The personal ones: the apostrophe in the last name leaves the one before on show.
     nav->lista.todos();
     nav->lista.menu_categorias_personales_Click();
     EXPECT_EQ(textos(), QStringList{"TELEFONICA  (Mías)"});
