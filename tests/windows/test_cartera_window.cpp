@@ -1,6 +1,5 @@
 #include "test_principal_support.h"
 
-#include <QRadioButton>
 #include <algorithm>
 
 #include "core/numbers.h"
@@ -55,7 +54,7 @@ TEST_F(CarteraVentana, ShowingThePortfolioValueBringsItsSeriesUpToDate)
     ASSERT_EQ(filas(), 0);
     ventana->modelo().setText1("CARTERA");
     ventana->resize(1280, 800);
-    ventana->findChild<QTabBar *>(QStringLiteral("Pestañas"))->setCurrentIndex(2); // MaCD under the chart
+    hijo<QTabBar>(ventana.get(), QStringLiteral("Pestañas"))->setCurrentIndex(2); // MaCD under the chart
     capturar(ventana.get(), "principal_cartera_macd");
     EXPECT_GT(filas(), 100);
 }

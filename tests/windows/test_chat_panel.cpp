@@ -1,8 +1,5 @@
 // The chat panel driven through its widgets offscreen.
 
-#include <QPlainTextEdit>
-
-#include "support/test_base.h"
 #include "test_principal_support.h"
 #include "windows/chat_panel.h"
 

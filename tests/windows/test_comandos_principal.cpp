@@ -1,8 +1,4 @@
-#include <QAction>
-#include <QMenu>
-
 #include "core/nombres_comandos.h"
-#include "store/database.h"
 #include "windows/test_principal_support.h"
 
 using namespace tesorel;

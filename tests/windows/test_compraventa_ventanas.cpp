@@ -1,4 +1,3 @@
-
 #include "windows/test_principal_support.h"
 
 using namespace tesorel;

@@ -1,7 +1,3 @@
-#include <QAbstractButton>
-
-#include "store/query.h"
-#include "support/esperar.h"
 #include "windows/cotizaciones_form.h"
 #include "windows/test_principal_support.h"
 

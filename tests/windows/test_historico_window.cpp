@@ -1,6 +1,3 @@
-#include <QRadioButton>
-#include <QTableWidget>
-
 #include "windows/test_principal_support.h"
 
 using namespace tesorel;

@@ -1,7 +1,5 @@
 #include <QDir>
 
-#include "store/helpers.h"
-#include "support/test_base.h"
 #include "windows/empresas_dialogs.h"
 #include "windows/importar_dialog.h"
 #include "windows/test_principal_support.h"
@@ -33,12 +31,12 @@ TEST_F(VentanasImportacion, AddEmpresaTypesCapitalsAndAddsTheRow)
     AltaDeEmpresa alta;
     alta.ABREVIATURA3 = "NUE";
     AddEmpresaDialog d(s, alta);
-    auto *nombre = d.findChild<QLineEdit *>("NOMBRE");
+    auto *nombre = hijo<QLineEdit>(&d, "NOMBRE");
     escribir(nombre, "nueva sa");
     EXPECT_EQ(nombre->text(), "NUEVA SA");
-    EXPECT_EQ(d.findChild<QLineEdit *>("ABREVIATURA3")->text(), "NUE");
-    escribir(d.findChild<QLineEdit *>("Invertia"), "ficha?id=rv1");
-    d.findChild<QPushButton *>("Aceptar")->click();
+    EXPECT_EQ(hijo<QLineEdit>(&d, "ABREVIATURA3")->text(), "NUE");
+    escribir(hijo<QLineEdit>(&d, "Invertia"), "ficha?id=rv1");
+    hijo<QPushButton>(&d, "Aceptar")->click();
     EXPECT_EQ(d.result(), QDialog::Accepted);
     EXPECT_EQ(
         texto(
@@ -49,8 +47,8 @@ TEST_F(VentanasImportacion, AddEmpresaTypesCapitalsAndAddsTheRow)
 TEST_F(VentanasImportacion, DepurarShowsItsLog)
 {
     DepuraCotizaDialog d(s);
-    d.findChild<QPushButton *>("Depurar")->click();
-    auto *lista = d.findChild<QListWidget *>("List1");
+    hijo<QPushButton>(&d, "Depurar")->click();
+    auto *lista = hijo<QListWidget>(&d, "List1");
     ASSERT_EQ(lista->count(), 2);
     EXPECT_EQ(lista->item(0)->text(), "10 ACERINOX OK OK OK OK");
     EXPECT_EQ(lista->currentRow(), 1);
@@ -67,9 +65,9 @@ TEST_F(VentanasImportacion, ImportarRunsOnEnterAndClosesWithTheNewestDay)
     Comandos comandos;
     {
         ImportarDialog d(s, comandos);
-        auto *text1 = d.findChild<QLineEdit *>("Text1");
+        auto *text1 = hijo<QLineEdit>(&d, "Text1");
         text1->setText("/no/existe");
-        d.findChild<QPushButton *>("Label8")->click();
+        hijo<QPushButton>(&d, "Label8")->click();
         ASSERT_EQ(sp.ui.messages.size(), 2u);
         EXPECT_EQ(sp.ui.messages[0].prompt, "La recogida de correo no está disponible.");
         EXPECT_EQ(sp.ui.messages[1].prompt, "Subdirectorio no valido");
@@ -80,7 +78,7 @@ TEST_F(VentanasImportacion, ImportarRunsOnEnterAndClosesWithTheNewestDay)
     EXPECT_EQ(texto("select VALOR || ' ' || ULTIMO from bolsa where FECHA = '2024-05-03'"), "10 9.5");
     EXPECT_EQ(texto("select fecha_Actual from Usuario_Actual"), "2024-05-03");
     ImportarDialog otra(s, comandos);
-    EXPECT_EQ(otra.findChild<QLineEdit *>("Text1")->text(), datos); // remembered in importa.de
+    EXPECT_EQ(hijo<QLineEdit>(&otra, "Text1")->text(), datos); // remembered in importa.de
 }
 
 } // namespace

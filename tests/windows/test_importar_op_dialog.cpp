@@ -2,12 +2,6 @@
 // typed during the wait is what gets booked.
 #include "test_principal_support.h"
 
-#include <QComboBox>
-#include <QTableWidget>
-
-#include "store/helpers.h"
-#include "store/query.h"
-#include "support/test_base.h"
 #include "windows/importar_op_dialog.h"
 
 namespace tesorel::testing
@@ -32,21 +26,21 @@ TEST(VentanaImportarOp, CeldaEditadaEnLaEsperaSeApunta)
 
     ImportarOpDialog ventana(sp.s);
     ventana.modelo().Text1 = dir.path();
-    auto *rejilla = ventana.findChild<QTableWidget *>("rejilla");
+    auto *rejilla = hijo<QTableWidget>(&ventana, "rejilla");
     int vueltas = 0;
     QTimer reloj;
     QObject::connect(&reloj, &QTimer::timeout, [&] {
         ++vueltas;
         if (vueltas == 1) // the run waits inside the click: not inside this timer's own event
-            QTimer::singleShot(0, &ventana, [&] { ventana.findChild<QPushButton *>("Command2")->click(); });
+            QTimer::singleShot(0, &ventana, [&] { hijo<QPushButton>(&ventana, "Command2")->click(); });
         if (vueltas == 5) { // waiting: type the operation and the value, then confirm
             ASSERT_EQ(rejilla->rowCount(), 1);
             rejilla->item(0, 1)->setText("COMPRA");
-            ventana.findChild<QComboBox *>("Combo1")->setEditText("TELEF");
-            ventana.findChild<QPushButton *>("Command3")->click();
+            hijo<QComboBox>(&ventana, "Combo1")->setEditText("TELEF");
+            hijo<QPushButton>(&ventana, "Command3")->click();
         }
         if (vueltas == 8)
-            ventana.findChild<QPushButton *>("Salir")->click();
+            hijo<QPushButton>(&ventana, "Salir")->click();
     });
     reloj.start(20);
     ventana.exec();

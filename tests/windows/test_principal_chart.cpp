@@ -1,6 +1,4 @@
-#include <QAction>
 #include <QImage>
-#include <QPlainTextEdit>
 
 #include "charts/chart_interaction.h"
 #include "windows/principal_charts.h"
@@ -32,7 +30,7 @@ constexpr QRgb kCierre = 0x3020FF;
 
 TEST_F(Grafica, AValueClickedDrawsItsChartAndHeadLabels)
 {
-    ventana->findChild<QAction *>("menu_todos")->trigger();
+    hijo<QAction>(ventana.get(), "menu_todos")->trigger();
     elegir("INDITEX");
     const std::string nombre = "INDUSTRIA DE DISEÑO TEXTIL";
     EXPECT_EQ(ventana->modelo().Text1().toStdString(), nombre);
@@ -67,15 +65,7 @@ TEST_F(Grafica, ZoomTabsAndMeasuring)
     QWidget *precio = hijo<QWidget>(ventana.get(), "Picture1");
     const QPoint a(precio->width() / 3, precio->height() / 2),
         b(precio->width() * 2 / 3, precio->height() / 3);
-    QMouseEvent pulsar(QEvent::MouseButtonPress, QPointF(a), precio->mapToGlobal(QPointF(a)), Qt::LeftButton,
-                       Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(precio, &pulsar);
-    QMouseEvent mover(QEvent::MouseMove, QPointF(b), precio->mapToGlobal(QPointF(b)), Qt::NoButton,
-                      Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(precio, &mover);
-    QMouseEvent soltar(QEvent::MouseButtonRelease, QPointF(b), precio->mapToGlobal(QPointF(b)),
-                       Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
-    QApplication::sendEvent(precio, &soltar);
+    clic(precio, Qt::LeftButton, a, b);
     const InteraccionGrafica &medir = ventana->graficas().interaccion;
     EXPECT_FALSE(medir.Inicio.caption.isEmpty());
     EXPECT_FALSE(medir.Fin.caption.isEmpty());

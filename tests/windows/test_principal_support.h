@@ -3,7 +3,9 @@
 // tests of the real main window.
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QDialog>
 #include <QElapsedTimer>
 #include <QFile>
@@ -11,20 +13,28 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QMouseEvent>
+#include <QPlainTextEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTabBar>
+#include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QToolButton>
 #include <deque>
 #include <memory>
+#include <optional>
 
 #include "principal/comandos.h"
+#include "store/helpers.h"
 #include "store/query.h"
 #include "store/session.h"
 #include "store/ui.h"
+#include "support/esperar.h"
+#include "support/test_base.h"
 #include "windows/enlace_widget.h"
 #include "windows/principal_window.h"
 #include <functional>
@@ -115,13 +125,19 @@ inline void tecla(QWidget *w, int key)
     QApplication::sendEvent(w, &pulsar);
 }
 
-// A press and release of `boton` at `donde`, as the window system sends them.
-inline void clic(QWidget *w, Qt::MouseButton boton, QPoint donde = {2, 2})
+// A press of `boton` at `donde` and its release there, or at `suelta` after a drag to it,
+// as the window system sends them.
+inline void clic(QWidget *w, Qt::MouseButton boton, QPoint donde = {2, 2}, std::optional<QPoint> suelta = {})
 {
-    const QPointF local(donde), global(w->mapToGlobal(donde));
-    QMouseEvent pulsar(QEvent::MouseButtonPress, local, global, boton, boton, Qt::NoModifier);
+    const QPointF local(donde), fin(suelta.value_or(donde));
+    QMouseEvent pulsar(QEvent::MouseButtonPress, local, w->mapToGlobal(local), boton, boton, Qt::NoModifier);
     QApplication::sendEvent(w, &pulsar);
-    QMouseEvent soltar(QEvent::MouseButtonRelease, local, global, boton, Qt::NoButton, Qt::NoModifier);
+    if (suelta) {
+        QMouseEvent mover(QEvent::MouseMove, fin, w->mapToGlobal(fin), Qt::NoButton, boton, Qt::NoModifier);
+        QApplication::sendEvent(w, &mover);
+    }
+    QMouseEvent soltar(QEvent::MouseButtonRelease, fin, w->mapToGlobal(fin), boton, Qt::NoButton,
+                       Qt::NoModifier);
     QApplication::sendEvent(w, &soltar);
 }
 

@@ -5,8 +5,6 @@
 #include <QProgressBar>
 
 #include "import/web_servidor.h"
-#include "support/esperar.h"
-#include "support/test_base.h"
 #include "windows/importinet_dialog.h"
 
 namespace tesorel::testing

@@ -1,7 +1,5 @@
 #include <QCheckBox>
-#include <QComboBox>
 
-#include "support/test_base.h"
 #include "windows/test_principal_support.h"
 
 using namespace tesorel;
@@ -62,23 +60,6 @@ TEST_F(Ventanas, MissingBaseShowsNoHayAndNothingElse)
     EXPECT_FALSE(ventana.isVisible());
 }
 
-// What the login decides is the model's: here its form comes first and the user's settings show.
-TEST_F(Ventanas, LoginComesFirstAndOnlyOnce)
-{
-    Programa p(base.folder());
-    auto &ventana = p.ventana;
-    Guion guion;
-    guion.luego("form4", entrar("luis", "l2"));
-    ventana.mostrar();
-    EXPECT_EQ(guion.vistas, QStringList{"form4"});
-    EXPECT_EQ(p.s.Usuario_Numero, 2);
-    EXPECT_TRUE(ventana.isVisible());
-    EXPECT_EQ(hijo<QLabel>(&ventana, "Version")->text(), QStringLiteral("Tesorel 2.007 - Revisión 0"));
-    EXPECT_EQ(hijo<QComboBox>(&ventana, "Valores")->currentIndex(), 0); // new user: "Todos"
-    EXPECT_TRUE(p.ui.messages.empty());
-    ventana.close();
-}
-
 TEST_F(Ventanas, LoginKeys)
 {
     Programa p(base.folder());
@@ -117,8 +98,12 @@ TEST_F(Ventanas, NewUserSettingsComeBackAfterARestart)
         });
         guion.luego("form4", entrar("marta", "m1234"));
         ventana.mostrar();
-        ASSERT_TRUE(guion.terminado()) << guion.vistas.join(",").toStdString();
+        // What the login decides is the model's: here its forms come first, once, and the settings show.
+        ASSERT_EQ(guion.vistas, QStringList({"form4", "NewUser", "form4"}));
         ASSERT_EQ(p.s.Nombre_Usuario, "marta");
+        EXPECT_TRUE(ventana.isVisible());
+        EXPECT_EQ(hijo<QLabel>(&ventana, "Version")->text(), QStringLiteral("Tesorel 2.007 - Revisión 0"));
+        EXPECT_EQ(hijo<QComboBox>(&ventana, "Valores")->currentIndex(), 0); // a new user: "Todos"
 
         hijo<QCheckBox>(&ventana, "Check2_3")->click();
         hijo<QCheckBox>(&ventana, "Check2_5")->click();
