@@ -34,32 +34,35 @@ TEST(ChartOperations, PolesOfAPurchaseAndASale)
     const double h = double(std::fabs(f.p1.scaleHeight() / 20.0f)), w = 80;
     ASSERT_NEAR(h, 0.59, 1e-6);
 
-    const LineaGrafica &compra = f.ops.PaloCompra.at(1);
-    EXPECT_EQ(compra.x1, 300); // third of ten points
-    EXPECT_EQ(compra.x2, 300);
-    EXPECT_EQ(compra.y2, 12);
-    EXPECT_DOUBLE_EQ(compra.y1, 12 + 3 * h);
-    const EtiquetaGrafica &ec = f.ops.Compra.at(1);
-    EXPECT_EQ(ec.caption, QStringLiteral(" C 100 "));
-    EXPECT_DOUBLE_EQ(ec.left, 300 - w / 2);
-    EXPECT_DOUBLE_EQ(ec.top, 12 + 4 * h);
-    EXPECT_TRUE(ec.visible);
-    EXPECT_EQ(ec.fondo, -1);
-    EXPECT_EQ(ec.toolTip, QStringLiteral("compra"));
-
-    const LineaGrafica &venta = f.ops.PaloCompra.at(2);
-    EXPECT_EQ(venta.x1, 600);
-    EXPECT_EQ(venta.y1, 15);
-    EXPECT_DOUBLE_EQ(venta.y2, 15 - 3 * h);
-    const EtiquetaGrafica &ev = f.ops.Compra.at(2);
-    EXPECT_EQ(ev.caption, QStringLiteral(" V 100 "));
-    EXPECT_DOUBLE_EQ(ev.top, 15 - 3 * h);
-    EXPECT_EQ(ev.fondo, OperacionesGrafica::kFondoVenta);
-
-    // After the last quote: x 0; the sale's label shows, the purchase's hides.
-    EXPECT_EQ(f.ops.PaloCompra.at(3).x1, 0);
-    EXPECT_TRUE(f.ops.Compra.at(3).visible);
-    EXPECT_FALSE(f.ops.Compra.at(4).visible);
+    // A purchase's pole rises from its price, a sale's falls to it; after the last quote x is 0 and
+    // the sale's label shows, the purchase's hides.
+    struct Palo {
+        double x, precio;
+        const char *caption;
+        bool venta, visible;
+        const char *tip;
+    } palos[] = {
+        {300, 12, " C 100 ", false, true, "compra"}, // third of ten points
+        {600, 15, " V 100 ", true, true, "venta"},
+        {0, 15, " V 10 ", true, true, "venta tarde"},
+        {0, 15, " C 10 ", false, false, "compra tarde"},
+    };
+    for (int n = 1; n <= 4; ++n) {
+        const Palo &p = palos[n - 1];
+        SCOPED_TRACE(p.tip);
+        const LineaGrafica &l = f.ops.PaloCompra.at(n);
+        EXPECT_EQ(l.x1, p.x);
+        EXPECT_EQ(l.x2, p.x);
+        EXPECT_DOUBLE_EQ(l.y1, p.precio + (p.venta ? 0 : 3 * h));
+        EXPECT_DOUBLE_EQ(l.y2, p.precio - (p.venta ? 3 * h : 0));
+        const EtiquetaGrafica &e = f.ops.Compra.at(n);
+        EXPECT_EQ(e.caption, QString::fromUtf8(p.caption));
+        EXPECT_DOUBLE_EQ(e.left, p.x - w / 2);
+        EXPECT_DOUBLE_EQ(e.top, p.precio + (p.venta ? -3 * h : 4 * h));
+        EXPECT_EQ(e.visible, p.visible);
+        EXPECT_EQ(e.fondo, p.venta ? OperacionesGrafica::kFondoVenta : -1);
+        EXPECT_EQ(e.toolTip, QString::fromUtf8(p.tip));
+    }
 
     // A click raises a label by making it anew, without its pole or tooltip.
     f.ops.Compra_Click(1);
