@@ -76,7 +76,6 @@ TEST(PanelLotes, DesbordamientosInformadosSinCaerse)
     };
     const Caso casos[] = {
         {"lineaDeMasDe16Bits", 1, 40000, "", "6"},
-        {"sumaDeLotesDeMasDe16Bits", 2, 20000, "", "6"},
         {"lote1001", 1001, 1, "", "9"},
     };
     for (const Caso &c : casos) {

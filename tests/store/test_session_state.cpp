@@ -153,15 +153,12 @@ struct ErrorReporting : ::testing::Test, tesorel::testing::SesionDePrueba {
     }
 };
 
-TEST_F(ErrorReporting, SilentWhileTheMarkIsTheRemembered)
+TEST_F(ErrorReporting, SilentOnTheRememberedMarkAndAfterItIgnoreSilencesTheRestOfTheSession)
 {
     s.Registrar_Error(failure);
     EXPECT_TRUE(ui.messages.empty());
     EXPECT_EQ(log(), "(none)");
-}
 
-TEST_F(ErrorReporting, AfterTheMarkChangesIgnoreSilencesTheRestOfTheSession)
-{
     s.Ubicacion_Error = 200204;
     ui.answers = {mb::Ignore};
     s.Registrar_Error(failure);
