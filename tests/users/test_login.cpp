@@ -209,14 +209,6 @@ TEST_F(LoginTest, NewUserRefusesInOrderAndAddsTheRow)
     EXPECT_EQ(rs->field("Password").toString(), "abcd");
     EXPECT_FALSE(rs->field("Configuracion").isValid());
     EXPECT_GT(rs->field("clave").toInt(), 1);
-
-    // The new user logs in and gets the empty settings.
-    auto f = abrir();
-    f->List1_ListIndex = f->List1.indexOf("bo");
-    f->Clave = "abcd";
-    f->Entrar_Click();
-    EXPECT_TRUE(f->Descargado);
-    EXPECT_EQ(configuracion, "");
 }
 
 TEST_F(LoginTest, MailSettingsAndProviderAutofill)
