@@ -126,9 +126,11 @@ TEST(SampleQuotes, RowsHangTogetherDayAfterDay)
         2.0, 0.001);
 }
 
+// The same options give the same rows, another seed others; a value's series does not
+// depend on which other values are drawn with it.
 TEST(SampleQuotes, SameOptionsSameRowsOtherSeedOtherRows)
 {
-    MemoryBase a, b, c;
+    MemoryBase a, b, c, solo;
     SampleQuoteOptions o = smallOptions();
     insertSampleQuotes(a.db, o);
     insertSampleQuotes(b.db, o);
@@ -136,17 +138,11 @@ TEST(SampleQuotes, SameOptionsSameRowsOtherSeedOtherRows)
     insertSampleQuotes(c.db, o);
     EXPECT_EQ(bolsaChecksum(a.db), bolsaChecksum(b.db));
     EXPECT_NE(bolsaChecksum(a.db), bolsaChecksum(c.db));
-}
-
-TEST(SampleQuotes, AValueKeepsItsSeriesWhenOthersAreAdded)
-{
-    MemoryBase a, b;
-    SampleQuoteOptions o = smallOptions();
-    insertSampleQuotes(a.db, o);
+    o = smallOptions();
     o.values = {9};
-    insertSampleQuotes(b.db, o);
+    insertSampleQuotes(solo.db, o);
     EXPECT_EQ(a.number("SELECT SUM(ULTIMO) FROM bolsa WHERE VALOR = 9"),
-              b.number("SELECT SUM(ULTIMO) FROM bolsa"));
+              solo.number("SELECT SUM(ULTIMO) FROM bolsa"));
 }
 
 TEST(SampleQuotes, AFailedInsertLeavesNothing)

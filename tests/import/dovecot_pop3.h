@@ -26,8 +26,12 @@ class DovecotPop3
     DovecotPop3()
     {
         chmod(dir_.path().toLocal8Bit().constData(), 0755);
-        for (const char *sub : {"run", "Maildir/new", "Maildir/cur", "Maildir/tmp"})
+        QDir(dir_.path()).mkpath("run");
+        // The mail processes run as nobody: the maildir and its messages are open to all.
+        for (const char *sub : {"Maildir", "Maildir/new", "Maildir/cur", "Maildir/tmp"}) {
             QDir(dir_.path()).mkpath(QString::fromLatin1(sub));
+            chmod(QFile::encodeName(dir_.path() + '/' + sub).constData(), 0777);
+        }
     }
     ~DovecotPop3()
     {
@@ -43,6 +47,8 @@ class DovecotPop3
         QFile f(dir_.path() + QStringLiteral("/Maildir/new/%1.M%1P1.prueba").arg(++mensajes_));
         f.open(QIODevice::WriteOnly);
         f.write(QByteArray(mensaje).replace("\r\n", "\n"));
+        f.close();
+        chmod(QFile::encodeName(f.fileName()).constData(), 0666);
     }
     QString host() const { return QStringLiteral("127.0.0.1:%1").arg(puerto_); }
 
@@ -88,7 +94,6 @@ service pop3-login {
                        .arg(puerto_)
                        .toUtf8());
         conf.close();
-        abrirATodos(d + "/Maildir");
         proceso_.setProcessChannelMode(QProcess::MergedChannels);
         proceso_.start(QStringLiteral("/usr/sbin/dovecot"), {"-F", "-c", d + "/dovecot.conf"});
         if (!proceso_.waitForStarted(5000))
@@ -110,16 +115,21 @@ service pop3-login {
     }
 
   private:
+    static sockaddr_in loopback(quint16 puerto)
+    {
+        sockaddr_in a{};
+        a.sin_family = AF_INET;
+        a.sin_port = htons(puerto);
+        a.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        return a;
+    }
     // Whether a POP3 greeting comes from the port.
     static bool saluda(quint16 puerto)
     {
         const int fd = socket(AF_INET, SOCK_STREAM, 0);
         if (fd < 0)
             return false;
-        sockaddr_in a{};
-        a.sin_family = AF_INET;
-        a.sin_port = htons(puerto);
-        a.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        sockaddr_in a = loopback(puerto);
         timeval espera{2, 0};
         setsockopt(fd, SOL_SOCKET, SO_RCVTIMEO, &espera, sizeof espera);
         char buf[4] = {};
@@ -132,25 +142,12 @@ service pop3-login {
     static quint16 puertoLibre()
     {
         const int fd = socket(AF_INET, SOCK_STREAM, 0);
-        sockaddr_in a{};
-        a.sin_family = AF_INET;
-        a.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        sockaddr_in a = loopback(0);
         socklen_t n = sizeof a;
         bind(fd, reinterpret_cast<sockaddr *>(&a), sizeof a);
         getsockname(fd, reinterpret_cast<sockaddr *>(&a), &n);
         close(fd);
         return ntohs(a.sin_port);
-    }
-    // The mail processes run as nobody.
-    static void abrirATodos(const QString &ruta)
-    {
-        chmod(ruta.toLocal8Bit().constData(), 0777);
-        for (const QFileInfo &i : QDir(ruta).entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot)) {
-            if (i.isDir())
-                abrirATodos(i.filePath());
-            else
-                chmod(i.filePath().toLocal8Bit().constData(), 0666);
-        }
     }
 
     QTemporaryDir dir_;

@@ -25,26 +25,22 @@ TEST(Empresas, CodigoInvertia)
         EXPECT_EQ(codigoinvertia(c.enlace), QString::fromUtf8(c.codigo)) << c.enlace;
 }
 
+// The new code is the highest plus one: none on an empty table, an overflow past 16 bits.
 TEST_F(ImportFixture, AddEmpresaTakesTheCodeAfterTheHighest)
 {
-    empresa(5, "UNO", "UNO", "U");
-    empresa(9, "DOS", "DOS", "D");
     AddEmpresa a(s);
     a.NOMBRE = "TRES SA";
     a.ABREVIATURA3 = "TRE";
     a.Invertia = "sin enlace";
+    EXPECT_THROW(a.Aceptar_Click(), RuntimeError);
+    empresa(5, "UNO", "UNO", "U");
+    empresa(9, "DOS", "DOS", "D");
     a.Aceptar_Click();
     EXPECT_TRUE(a.Descargado);
     EXPECT_EQ(a.codigoAnadido, 10);
     EXPECT_EQ(texto("select NOMBRE || '|' || ABREVIATURA3 || '|' || ABREVIATURA11 || '|' || "
                     "ifnull(Invertia, 'NULL') from Codigo_Empresas where Codigo = 10"),
               "TRES SA|TRE||NULL");
-}
-
-TEST_F(ImportFixture, AddEmpresaFailsOnAnEmptyTableAndPastSixteenBits)
-{
-    AddEmpresa a(s);
-    EXPECT_THROW(a.Aceptar_Click(), RuntimeError);
     empresa(32767, "ULTIMA", "ULTIMA", "ULT");
     try {
         a.Aceptar_Click();
@@ -52,7 +48,7 @@ TEST_F(ImportFixture, AddEmpresaFailsOnAnEmptyTableAndPastSixteenBits)
     } catch (const RuntimeError &e) {
         EXPECT_EQ(e.number(), err::Overflow);
     }
-    EXPECT_EQ(numero("select count(*) from Codigo_Empresas"), 1);
+    EXPECT_EQ(numero("select count(*) from Codigo_Empresas"), 4);
 }
 
 TEST_F(ImportFixture, DepurarMergesEveryReferenceIntoTheLowestCode)

@@ -5,14 +5,12 @@
 #include <QProcess>
 #include <QTcpServer>
 #include <QTcpSocket>
-#include <QTemporaryDir>
 #include <memory>
 
 #include "online/chat_cliente.h"
 #include "online/chat_tramas.h"
-#include "store/session.h"
-#include "store/ui.h"
 #include "support/esperar.h"
+#include "support/test_base.h"
 
 using namespace tesorel;
 using namespace tesorel::testing;
@@ -20,10 +18,7 @@ using namespace tesorel::testing;
 namespace
 {
 
-struct Puesto {
-    QTemporaryDir dir;
-    ScriptedUi ui;
-    Session s{ui, dir.path()};
+struct Puesto : SesionDePrueba {
     std::unique_ptr<ClienteChat> chat;
     Puesto(quint16 puerto, const QString &nick)
     {

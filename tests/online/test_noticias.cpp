@@ -3,13 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
-#include <QTemporaryDir>
 
 #include "import/web_servidor.h"
 #include "online/noticias.h"
-#include "store/session.h"
-#include "store/ui.h"
-#include "support/esperar.h"
+#include "support/test_base.h"
 
 namespace tesorel::testing
 {
@@ -41,12 +38,7 @@ TEST(Noticias, ScannerAndRepair)
     EXPECT_EQ(Lineas_Del_Archivo("a\r\n\x80\r\n"), QStringList({"a", QStringLiteral("€")}));
 }
 
-struct Puesto {
-    // The application first: a server made before it never hears its connections.
-    QCoreApplication &app = aplicacionDePrueba();
-    QTemporaryDir dir;
-    ScriptedUi ui;
-    Session s{ui, dir.path()};
+struct Puesto : SesionDePrueba {
     ServidorWeb web;
     std::unique_ptr<Noticias> noticias;
     // The silent server is the only case that should meet the time limit;
@@ -112,7 +104,7 @@ TEST(Noticias, TheTickerKeepsItsCaseAndTheUntickedBoxAsksNothing)
     p.noticias->YahooNoticias_DblClick(0);
     p.noticias->YahooNoticias_DblClick(1); // nothing behind it: an empty link
     EXPECT_EQ(p.ui.opened, QStringList({"http://n/9", ""}));
-    QFile reparada(p.dir.filePath("yahoonoticias.txt"));
+    QFile reparada(p.base.folder() + "/yahoonoticias.txt");
     ASSERT_TRUE(reparada.open(QIODevice::ReadOnly));
     EXPECT_EQ(reparada.readAll(), "<li><a href=\"http://n/9\">Nueve</a>\r\nfin\r\n");
 
