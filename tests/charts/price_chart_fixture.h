@@ -11,6 +11,7 @@
 
 #include <QDate>
 #include <QString>
+#include <QStringList>
 
 namespace tesorel::testing
 {
@@ -45,16 +46,10 @@ struct ChartFixture : SesionDePrueba {
 
     void insertar(double valor, const Fila &f)
     {
-        base.db->executeNative(QStringLiteral("INSERT INTO bolsa VALUES (%1,'%2',%3,%4,%5,%6,%7,%8,%9)")
-                                   .arg(valor)
-                                   .arg(f.fecha.toString(Qt::ISODate))
-                                   .arg(f.anterior, 0, 'g', 17)
-                                   .arg(f.ultimo, 0, 'g', 17)
-                                   .arg(f.dif, 0, 'g', 17)
-                                   .arg(f.volumen, 0, 'g', 17)
-                                   .arg(f.maximo, 0, 'g', 17)
-                                   .arg(f.minimo, 0, 'g', 17)
-                                   .arg(f.efect, 0, 'g', 17));
+        QStringList v{QString::number(valor), "'" + f.fecha.toString(Qt::ISODate) + "'"};
+        for (double x : {f.anterior, f.ultimo, f.dif, f.volumen, f.maximo, f.minimo, f.efect})
+            v << QString::number(x, 'g', 17);
+        base.db->executeNative("INSERT INTO bolsa VALUES (" + v.join(',') + ")");
     }
 
     // n days of closes 10, 11, 12... from 2024-01-01, each quoting the one before.
