@@ -58,14 +58,6 @@ std::vector<float> gridYs(const RecordingSurface &box)
     return out;
 }
 
-std::vector<QString> printed(const RecordingSurface &box)
-{
-    std::vector<QString> out;
-    for (const Call &c : box.callsOf(Kind::Print))
-        out.push_back(c.text);
-    return out;
-}
-
 // A chart on a recording box, filled as the price chart fills it.
 struct Chart {
     RecordingSurface box;
@@ -237,11 +229,13 @@ TEST(Trazar, EdgeCasesOfRangeAndPoints)
         std::vector<double> values;
         double topAfter;
         std::size_t plotted; // lines, or boxes for bars and candles
+        bool scales;         // an equal top and bottom leaves the box's own height
     } cases[] = {
-        {"lines, no points", 6, {}, 7, 0},
-        {"lines, one point keeps the top", 6, {7}, 7, 0},
-        {"bars, one point resets the top", 3, {7}, 0, 0},
-        {"candles, one point resets the top", 7, {7}, 0, 0},
+        {"lines, no points", 6, {}, 7, 0, true},
+        {"lines, one point keeps the top", 6, {7}, 7, 0, true},
+        {"bars, one point resets the top", 3, {7}, 0, 0, true},
+        {"candles, one point resets the top", 7, {7}, 0, 0, true},
+        {"lines, equal top and bottom", 6, {0, 0}, 0, 1, false},
     };
     for (const Case &c : cases) {
         Chart ch;
@@ -256,18 +250,11 @@ TEST(Trazar, EdgeCasesOfRangeAndPoints)
         ch.g.DrawMode(2);
         EXPECT_EQ(ch.g.YAxisMax(), c.topAfter) << c.name;
         EXPECT_EQ(plotLines(ch.box).size() + ch.box.callsOf(Kind::FilledBox).size(), c.plotted) << c.name;
-        EXPECT_EQ(printed(ch.box).front(), "TITULO") << c.name;
+        EXPECT_EQ(ch.box.callsOf(Kind::Print).front().text, "TITULO") << c.name;
         EXPECT_EQ(gridYs(ch.box).size(), 2u) << c.name;
+        EXPECT_EQ(ch.box.callsOf(Kind::ScaleHeight).empty(), !c.scales) << c.name;
+        EXPECT_EQ(ch.box.scaleHeight() == 1000.f, !c.scales) << c.name; // what the box had
     }
-}
-
-TEST(Trazar, EqualTopAndBottomLeavesTheHeight)
-{
-    Chart c;
-    c.draw(6, {{0, 0}});
-    EXPECT_TRUE(c.box.callsOf(Kind::ScaleHeight).empty());
-    EXPECT_EQ(c.box.scaleHeight(), 1000.f); // what the box had
-    EXPECT_EQ(gridYs(c.box), (std::vector<float>{0, 0}));
 }
 
 TEST(Trazar, SwitchedOffSetAndLogarithmicZeros)
@@ -355,7 +342,7 @@ TEST(Escribir, MaskAndTrailingComma)
         QString t = k.in;
         c.g.Escribir(t);
         EXPECT_EQ(t, k.out) << k.mask << " " << k.in;
-        EXPECT_EQ(printed(c.box).back(), k.out);
+        EXPECT_EQ(c.box.callsOf(Kind::Print).back().text, k.out);
     }
 }
 
