@@ -1,6 +1,5 @@
 #include "core/runtime_error.h"
 #include "store_fixture.h"
-#include "support/test_base.h"
 
 #include <QFile>
 
@@ -75,40 +74,6 @@ TEST_F(SmallBase, TransactionsNestAndRollBackWhole)
               QVariant(QStringLiteral("eva")));
     EXPECT_EQ(errorNumber([&] { base->commit(); }), 3034);
     EXPECT_EQ(errorNumber([&] { base->rollback(); }), 3034);
-}
-
-TEST_F(SmallBase, LikeAndTextComparisonIgnoreCase)
-{
-    fill(3);
-    base->execute(QStringLiteral("insert into quotes (VALOR, NOMBRE) values (9, 'Telefónica')"));
-    struct Case {
-        const char *where;
-        long rows;
-    };
-    // The patterns themselves are the dialect's matcher's (test_jet_sql).
-    const Case cases[] = {
-        {"NOMBRE LIKE '*TELEFÓ*'", 1}, {"NOMBRE LIKE 'valor ?'", 3}, {"nombre = 'VALOR 2'", 1}};
-    for (const Case &c : cases) {
-        auto rs =
-            base->openRecordset(QStringLiteral("select * from quotes where ") + QString::fromUtf8(c.where));
-        if (!rs->Eof())
-            rs->MoveLast();
-        EXPECT_EQ(rs->RecordCount(), c.rows) << c.where;
-    }
-}
-
-TEST(Database, LoadsTheProjectSchemaAndItsStoredQueries)
-{
-    tesorel::testing::TestBase base; // fails when data/schema.sql is missing
-    auto &db = base.db;
-    db->execute(QStringLiteral("insert into bolsa (VALOR, FECHA, ULTIMO) values (1, #01/03/24#, 2)"));
-    db->execute(QStringLiteral("insert into bolsa (VALOR, FECHA, ULTIMO) values (2, #01-02-2024#, 3)"));
-    auto fechas = db->openRecordset(QStringLiteral("Select * From Fechas Order by Fecha"));
-    ASSERT_FALSE(fechas->Eof());
-    EXPECT_EQ(fechas->field(QStringLiteral("fecha")), QVariant(QDate(2024, 1, 2)));
-    auto ultimo = db->openRecordset(QStringLiteral("select * from Ultimodia"));
-    EXPECT_EQ(ultimo->field(0), QVariant(QDate(2024, 1, 3)));
-    EXPECT_NO_THROW(db->openRecordset(QStringLiteral("los que mas suben")));
 }
 
 } // namespace

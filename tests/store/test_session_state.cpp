@@ -280,6 +280,12 @@ TEST_F(UsuarioTest, IntervalFallsBackToTheQuotesEnds)
         EXPECT_EQ(u.PrimerDia(), c.primerDiaAbierto);
         EXPECT_EQ(u.Ultimodia(), c.ultimoDiaAbierto);
     }
+    // The stored query of the distinct days hops along them in order.
+    auto fechas = base.db->openRecordset("Select * From Fechas Order by Fecha");
+    QList<QDate> dias;
+    for (; !fechas->Eof(); fechas->MoveNext())
+        dias << fechas->field("fecha").toDate();
+    EXPECT_EQ(dias, QList<QDate>({primero, QDate(2024, 2, 15), ultimo}));
 }
 
 TEST_F(UsuarioTest, WritingAnEndAddsTheRowOnceAndThenEditsIt)
