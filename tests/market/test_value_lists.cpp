@@ -11,7 +11,6 @@ namespace
 using Lista = ListaValores;
 
 struct ListCase {
-    const char *name;
     void (Lista::*proc)();
     const char *titul;
     bool MarcasLista::*mark;
@@ -20,32 +19,27 @@ struct ListCase {
 };
 
 const ListCase listCases[] = {
-    {"todos",
-     &Lista::todos,
+    {&Lista::todos,
      "Todos",
      &MarcasLista::menu_todos,
      {"REPSOL  (REP)", "SANTANDER  (SAN)", "TELEFONICA  (TEF)"},
      {12, 10, 11}},
-    {"ibex",
-     &Lista::ibex,
+    {&Lista::ibex,
      "Ibex",
      &MarcasLista::menu_ibex,
      {"SANTANDER  (SAN)", "TELEFONICA  (TEF)", "SABADELL  (SAB)"}, // a member without a quote today too
      {10, 11, 13}},
-    {"faboritos",
-     &Lista::faboritos,
+    {&Lista::faboritos,
      "En Seguimiento",
      &MarcasLista::menu_seguimiento,
      {"SANTANDER  (4,5)"}, // 13 has no quote today; the portfolio series 34001 is filtered out
      {10}},
-    {"Cartera",
-     &Lista::Cartera,
+    {&Lista::Cartera,
      "En Cartera",
      &MarcasLista::menu_ENcartera,
      {"TELEFONICA  (250)", "REPSOL  (100)", "CARTERA"},
      {11, 12, 34001}},
-    {"LosqueSuben",
-     &Lista::LosqueSuben,
+    {&Lista::LosqueSuben,
      "Los que más suben",
      &MarcasLista::menu_massuben,
      {"REPSOL  (6)", "SANTANDER  (2)", "TELEFONICA  (-1)"}, // the change through "##,##"
@@ -55,7 +49,7 @@ const ListCase listCases[] = {
 TEST_F(MarketTest, EachListHasItsTitleMarkAndEntries)
 {
     for (const ListCase &c : listCases) {
-        SCOPED_TRACE(c.name);
+        SCOPED_TRACE(c.titul);
         nav->lista.marcas = {true, true, true, true, true};
         nav->lista.List1.ListIndex = 1;
         (nav->lista.*c.proc)();
