@@ -19,12 +19,8 @@ constexpr int kGrid = 6332608;
 struct Seg {
     float x1, y1, x2, y2;
     int colour;
+    bool operator==(const Seg &) const = default;
 };
-
-bool operator==(const Seg &a, const Seg &b)
-{
-    return a.x1 == b.x1 && a.y1 == b.y1 && a.x2 == b.x2 && a.y2 == b.y2 && a.colour == b.colour;
-}
 
 std::ostream &operator<<(std::ostream &o, const Seg &s)
 {
