@@ -112,7 +112,7 @@ TEST_F(CotizacionesTest, MarkAndColourFollowTheChangeAndANullKeepsThoseOfTheRow)
     EXPECT_EQ(c->filas[2].SubeBaja_ForeColor, 256);
 }
 
-TEST_F(CotizacionesTest, DayWithoutQuotesHidesEveryRow)
+TEST_F(CotizacionesTest, DayWithoutQuotesOrAPortfolioSeriesShowsNoRow)
 {
     dia("15-03-2024");
     dia("16-03-2024");
@@ -120,6 +120,13 @@ TEST_F(CotizacionesTest, DayWithoutQuotesHidesEveryRow)
     EXPECT_EQ(c->NumReg, 3);
     EXPECT_TRUE(columna(&FilaCotizacion::Valor).isEmpty());
     EXPECT_EQ(c->VScroll1_Max, 1);
+
+    // The value tab of a portfolio series is as empty.
+    Cotizaciones cartera(s);
+    cartera.Form_Load(QStringLiteral("CARTERA"));
+    cartera.pestana_Click(15);
+    EXPECT_EQ(cartera.Suben + cartera.Bajan + cartera.Repiten, "0 0 0 ");
+    EXPECT_EQ(cartera.NumReg, 0);
 }
 
 TEST_F(CotizacionesTest, MoreThanTwoHundredValuesCountAllAndDrawTwoHundred)
@@ -181,15 +188,6 @@ TEST_F(CotizacionesTest, TabsChooseTheSetOfValues)
     c->Valor_Click(2);
     EXPECT_EQ(mostrado, "TELEFONICA");
     EXPECT_FALSE(c->Visible);
-}
-
-TEST_F(CotizacionesTest, ValueTabOfAPortfolioSeriesIsEmpty)
-{
-    Cotizaciones cartera(s);
-    cartera.Form_Load(QStringLiteral("CARTERA"));
-    cartera.pestana_Click(15);
-    EXPECT_EQ(cartera.Suben + cartera.Bajan + cartera.Repiten, "0 0 0 ");
-    EXPECT_EQ(cartera.NumReg, 0);
 }
 
 TEST_F(CotizacionesTest, IntervalSumsTheDaysOfEachValue)

@@ -98,11 +98,6 @@ TEST_F(MarketTest, LlenarListaRepeatsTheLastStatementAndRecoversFromAFailedOne)
     nav->lista.Llenar_lista("", "OTRA VEZ");
     EXPECT_EQ(textos(), todos);
     EXPECT_EQ(nav->lista.Sql_Lista, sql);
-
-    // The portfolio series never enters a list.
-    nav->lista.Llenar_lista("select valor, ultimo from bolsa_de_un_dia order by valor", "X");
-    EXPECT_EQ(datos(), (QList<double>{10, 11, 12}));
-    EXPECT_EQ(textos().first(), "SANTANDER  (4,5)");
 }
 
 TEST_F(MarketTest, TheComboPicksTheList)
