@@ -66,7 +66,6 @@ inline constexpr char VerOperaciones[] = "VerOperaciones";
 inline constexpr char QuitarVerOperaciones[] = "QuitarVerOperaciones";
 inline constexpr char Lupa_Mas[] = "Lupa_Mas";
 inline constexpr char Lupa_menos[] = "Lupa_menos";
-inline constexpr char Pesta[] = "Pesta";
 inline constexpr char Yahoo[] = "Yahoo";
 } // namespace comando
 

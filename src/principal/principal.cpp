@@ -345,14 +345,9 @@ void Principal::setPesta(const QString &texto)
     Pesta_Change();
 }
 
-// The tab procedure. The chart's tab handling takes it over by registering
-// "Pesta"; until then the tabs that need no chart are served here.
+// The tab procedure: what the tab on show needs, for a new tab or a new value.
 void Principal::Pesta_Change()
 {
-    if (comandos_.registrado(comando::Pesta)) {
-        s_.paso([&] { comandos_.ejecutar(comando::Pesta); });
-        return;
-    }
     const int n = static_cast<int>(Numero_Val(Pesta));
     if (Pesta.isEmpty())
         return;
